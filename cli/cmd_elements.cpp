@@ -1,0 +1,61 @@
+#include <cstdio>
+#include <cstring>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "cli/command.h"
+#include "cli/output.h"
+#include "core/elements/element_file.h"
+
+namespace norvane::cli {
+namespace {
+
+// Keeps the load's messages: errors go to stderr, the last information text is the result.
+class CollectingSink : public MessageSink {
+ public:
+  void show(const std::string& text, const std::string&, MessageIcon icon) override {
+    if (icon == MessageIcon::Stop) errors.push_back(text);
+    else information = text;
+  }
+  std::vector<std::string> errors;
+  std::string information;
+};
+
+std::string nameOf(const Satellite& sat) {
+  return std::string(sat.name.data(), strnlen(sat.name.data(), sat.name.size()));
+}
+
+Record satelliteRecord(int slot, const Satellite& sat) {
+  Record r;
+  r.add("slot", slot).add("catnr", sat.catnr).add("name", nameOf(sat));
+  r.add("epoch", sat.epoch).add("xndt2o", sat.xndt2o).add("bstar", sat.bstar);
+  r.add("xincl", sat.xincl).add("xnodeo", sat.xnodeo).add("eo", sat.eo);
+  r.add("omegao", sat.omegao).add("xmo", sat.xmo).add("xno", sat.xno);
+  r.add("elset", sat.elset).add("revnum", sat.revnum);
+  return r;
+}
+
+int runElements(const Args& args) {
+  const std::string path = required(args, "tle");
+  auto catalogue = std::make_unique<Catalogue>();
+  CollectingSink sink;
+  const bool opened = openElementFile(*catalogue, sink, path);
+  for (const std::string& e : sink.errors) std::fprintf(stderr, "%s\n", e.c_str());
+  if (!opened) return 1;
+  for (int slot = 0; slot < catalogue->satelliteCount; ++slot) {
+    satelliteRecord(slot, catalogue->satellites[static_cast<std::size_t>(slot)]).print(stdout, args.json);
+  }
+  Record summary;
+  summary.add("count", catalogue->satelliteCount).add("message", sink.information);
+  summary.print(stdout, args.json);
+  return 0;
+}
+
+}  // namespace
+
+Command elementsCommand() {
+  return {"elements", "elements --tle FILE", {"tle"}, {}, runElements};
+}
+
+}  // namespace norvane::cli

@@ -1,0 +1,34 @@
+#pragma once
+#include <cstdio>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace norvane::cli {
+
+// One result record: keys in insertion order, printed as one JSON object per
+// line (numbers with %.17g) or as aligned "key  value" text.
+class Record {
+ public:
+  Record& add(std::string key, double value);
+  Record& add(std::string key, int value);
+  Record& add(std::string key, std::string_view text);
+  Record& add(std::string key, const char* text) { return add(std::move(key), std::string_view(text)); }
+
+  // Writes the record and flushes the stream.
+  void print(std::FILE* out, bool json) const;
+
+ private:
+  struct Field {
+    std::string key;
+    std::string json;
+    std::string text;
+  };
+  std::vector<Field> fields_;
+};
+
+// A string as a JSON literal; bytes outside printable ASCII become \u00XX.
+std::string jsonString(std::string_view text);
+
+}  // namespace norvane::cli

@@ -1,0 +1,11 @@
+# norvane_module(NAME SOURCES... [DEPS ...]): a static library of the project with its warnings.
+add_library(norvane_options INTERFACE)
+target_include_directories(norvane_options INTERFACE ${PROJECT_SOURCE_DIR})
+target_compile_options(norvane_options INTERFACE
+  -Wall -Wextra -Wshadow -Wconversion -Wno-sign-conversion -pedantic)
+
+function(norvane_module name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;DEPS" ${ARGN})
+  add_library(${name} STATIC ${ARG_SOURCES})
+  target_link_libraries(${name} PUBLIC norvane_options ${ARG_DEPS})
+endfunction()

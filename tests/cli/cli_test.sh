@@ -1,0 +1,36 @@
+#!/usr/bin/env bash
+# Command-line contract of norvane-cli: outputs, exit codes and messages.
+set -u
+cli=$1
+data=$2
+failures=0
+passes=0
+
+check() {  # check NAME EXPECTED-STATUS EXPECTED-SUBSTRING -- COMMAND...
+  local name=$1 status=$2 want=$3
+  shift 4
+  local out rc
+  out=$("$@" 2>&1)
+  rc=$?
+  if [ "$rc" != "$status" ] || [[ "$out" != *"$want"* ]]; then
+    echo "FAIL $name: status $rc (want $status), output: ${out:0:400}"
+    failures=$((failures + 1))
+  else
+    passes=$((passes + 1))
+  fi
+}
+
+check jd2000 0 '{"jd":2451545,"gmst":4.89496121278' -- "$cli" --json time --date 2000-01-01 --time 12:00:00
+check leapquirk 0 '"jd":2454498.5' -- "$cli" --json time --date 2008-02-01 --time 00:00:00
+check calendar 0 '{"year":2000,"month":1,"day":1,"hour":12,"minute":0,"second":0' -- "$cli" time --jd 2451545 --json
+check visual 0 '{"count":144,"message":"Data of 144 satellites successfully read from' -- "$cli" --json elements --tle "$data/visual_2017-04-14.txt"
+check firstsat 0 '{"slot":0,"catnr":694,"name":"ATLAS CENTAUR 2         ","epoch":17104.58156486' -- "$cli" --json elements --tle "$data/visual_2017-04-14.txt"
+check iridium 0 '"count":92' -- "$cli" --json elements --tle "$data/iridium_2014-06-21.txt"
+check missing 1 "I can't open the file!" -- "$cli" elements --tle /nonexistent/file.txt
+check badnumber 1 'not a number' -- "$cli" time --jd abc
+check usage 2 'missing option --tle' -- "$cli" elements
+check unknown 2 'unknown subcommand' -- "$cli" frobnicate
+check help 0 'elements --tle FILE' -- "$cli" --help
+
+echo "$passes passed, $failures failed"
+[ "$failures" = 0 ]
