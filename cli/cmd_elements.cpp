@@ -55,7 +55,9 @@ int runElements(const Args& args) {
 }  // namespace
 
 Command elementsCommand() {
-  return {"elements", "elements --tle FILE", {"tle"}, {}, runElements};
+  return {"elements", "elements --tle FILE", {"tle"}, {}, runElements, 20};
 }
+
+NORVANE_CLI_COMMAND(elementsCommand);
 
 }  // namespace norvane::cli

@@ -46,7 +46,10 @@ Command timeCommand() {
           "time --date YYYY-MM-DD [--time HH:MM:SS] | time --jd JD",
           {"date", "time", "jd"},
           {},
-          runTime};
+          runTime,
+          10};
 }
+
+NORVANE_CLI_COMMAND(timeCommand);
 
 }  // namespace norvane::cli

@@ -1,11 +1,14 @@
-# norvane_module(NAME SOURCES... [DEPS ...]): a static library of the project with its warnings.
+# Compile options and include root shared by every target of the project.
 add_library(norvane_options INTERFACE)
 target_include_directories(norvane_options INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_options(norvane_options INTERFACE
   -Wall -Wextra -Wshadow -Wconversion -Wno-sign-conversion -pedantic)
 
+# norvane_module(NAME SOURCES ... [DEPS ...]): a static library of the project.
+# norvane-cli links every module registered this way.
 function(norvane_module name)
   cmake_parse_arguments(ARG "" "" "SOURCES;DEPS" ${ARGN})
   add_library(${name} STATIC ${ARG_SOURCES})
   target_link_libraries(${name} PUBLIC norvane_options ${ARG_DEPS})
+  set_property(GLOBAL APPEND PROPERTY NORVANE_CORE_LIBRARIES ${name})
 endfunction()
