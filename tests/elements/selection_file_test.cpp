@@ -67,7 +67,9 @@ TEST_F(SelectionFile, FailedWriteKeepsThePreviousFileWhole) {
   catalogue->selected[7] = 0;
   const bool written = writeSelectionFile(path, *catalogue);
   chmod(folder.c_str(), 0700);
-  if (geteuid() != 0) EXPECT_FALSE(written);
+  if (geteuid() != 0) {
+    EXPECT_FALSE(written);
+  }
   auto back = std::make_unique<Catalogue>();
   ASSERT_TRUE(readSelectionFile(path, *back));
   EXPECT_EQ(back->selected[7], written ? 0 : 1);
