@@ -1,4 +1,5 @@
 #pragma once
+#include <cstddef>
 #include <string>
 
 #include "core/elements/catalogue.h"
@@ -9,7 +10,7 @@ namespace norvane {
 // Name of the selection file in the program folder.
 inline constexpr const char* kSelectionFileName = "Select.bol";
 // 180 little-endian 32-bit flags, nothing else.
-inline constexpr std::size_t kSelectionFileBytes = 4 * kSelectionFlags;
+inline constexpr std::size_t kSelectionFileBytes = std::size_t{4} * kSelectionFlags;
 
 // Path of the selection file in programFolder; empty, after "Incorrect
 // Norvane pragram path!", when there is no program folder.

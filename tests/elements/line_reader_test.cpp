@@ -21,7 +21,7 @@ std::vector<ReadResult> readAll(const std::string& text, std::uint32_t capacity,
   for (int i = 0; i < maxLines; ++i) {
     const bool more = readLine(reader, text.data(), line.data(), capacity, static_cast<std::uint32_t>(text.size()));
     EXPECT_EQ(line[capacity], '#') << "wrote past the line buffer";
-    out.push_back({line.data(), more});
+    out.push_back({std::string(line.data()), more});
     if (!more) break;
   }
   return out;
