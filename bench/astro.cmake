@@ -1,0 +1,2 @@
+add_executable(astro_bench astro_bench.cpp)
+target_link_libraries(astro_bench PRIVATE norvane_options core_astro benchmark::benchmark_main)
