@@ -1,5 +1,7 @@
 #include "ui/surface/blit.h"
 
+#include <algorithm>
+
 #include "ui/surface/color.h"
 
 namespace norvane {
@@ -38,18 +40,27 @@ Check Prepare(const DrawingSurface& surface, const Image& image, BlitArea& area)
   return Check::Draw;
 }
 
-// Copies the prepared area row by row through the cursor; `copy(sx, sy)`
-// decides per source pixel.
+// Copies the prepared area row by row; `copy(sx, sy)` decides per source
+// pixel. The area is clipped to the screen, so every target is in the buffer.
 template <typename Copy>
 void CopyArea(DrawingSurface& surface, const Image& image, const BlitArea& area, Copy copy) {
   for (std::int64_t row = 0; row < area.h; ++row) {
     const auto sy = static_cast<std::int32_t>(area.sy + row);
-    SetCursor(surface, static_cast<std::int32_t>(area.x), static_cast<std::int32_t>(area.y + row));
-    for (std::int64_t column = 0; column < area.w; ++column) {
+    std::uint16_t* target = surface.base + area.x * surface.xStep + (area.y + row) * surface.yStep;
+    for (std::int64_t column = 0; column < area.w; ++column, target += surface.xStep) {
       const auto sx = static_cast<std::int32_t>(area.sx + column);
-      if (copy(sx, sy)) PutCursor(surface, image.at(sx, sy));
-      StepRight(surface);
+      if (copy(sx, sy)) *target = image.at(sx, sy);
     }
+  }
+}
+
+// Whole rows at once where the surface's rows are contiguous.
+void CopyRows(DrawingSurface& surface, const Image& image, const BlitArea& area) {
+  const auto w = static_cast<std::size_t>(area.w);
+  for (std::int64_t row = 0; row < area.h; ++row) {
+    const std::uint16_t* source = &image.pixels[static_cast<std::size_t>(area.sy + row) * static_cast<std::size_t>(image.width) +
+                                                static_cast<std::size_t>(area.sx)];
+    std::copy_n(source, w, surface.base + area.x + (area.y + row) * surface.yStep);
   }
 }
 
@@ -71,7 +82,9 @@ int BlitKeyed(DrawingSurface& surface, std::int32_t x, std::int32_t y, std::int3
   BlitArea area = AreaOf(x, y, w, h, sx, sy);
   const Check check = Prepare(surface, image, area);
   if (check != Check::Draw) return check == Check::Nothing ? 1 : 0;
-  if (key == kNoKey) {
+  if (key == kNoKey && surface.xStep == 1) {
+    CopyRows(surface, image, area);
+  } else if (key == kNoKey) {
     CopyArea(surface, image, area, [](std::int32_t, std::int32_t) { return true; });
   } else {
     CopyArea(surface, image, area,
