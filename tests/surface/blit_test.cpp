@@ -56,6 +56,8 @@ TEST(Blit, RefusesBadRequestsAndSkipsBlocksPastTheEdge) {
   EXPECT_EQ(Blit(surface, 241, 0, 7, 7, image, 0, 0), 1);
   EXPECT_EQ(Blit(surface, 240, 320, 7, 7, image, 0, 0), 1);
   EXPECT_EQ(Blit(surface, -100, -100, 7, 7, image, 0, 0), 1);
+  EXPECT_EQ(Blit(surface, -7, 5, 7, 7, image, 0, 0), 1);  // clipped away on one axis only
+  EXPECT_EQ(Blit(surface, 5, -7, 7, 7, image, 0, 0), 1);
   Image broken = image;
   broken.pixels.pop_back();
   EXPECT_EQ(Blit(surface, 0, 0, 7, 7, broken, 0, 0), 0);

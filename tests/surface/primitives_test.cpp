@@ -3,8 +3,10 @@
 #include <climits>
 #include <vector>
 
+#include "ui/surface/blit.h"
 #include "ui/surface/color.h"
 #include "ui/surface/primitives.h"
+#include "ui/surface/text.h"
 
 namespace norvane {
 namespace {
@@ -80,6 +82,40 @@ TEST(FillRect, ColumnsPastTheRightEdgeWrapAndNothingLeavesTheBuffer) {
   FillRect(surface, -5000, 400, 1000, 100000, kWhite);
   FillRect(surface, 230, 319, INT_MAX, INT_MAX, kWhite);
   EXPECT_EQ(surface.buffer.size(), 240u * 320u);
+}
+
+}  // namespace
+}  // namespace norvane
+
+namespace norvane {
+namespace {
+
+// Any arguments at all stay inside the buffer (checked by the sanitizer
+// builds), on a surface scanned from the right as well as on the usual one.
+TEST(Primitives, SurviveArbitraryArgumentsOnEitherScanOrder) {
+  std::uint32_t seed = 99;
+  auto next = [&seed]() {
+    seed = seed * 1103515245u + 12345u;
+    const std::int32_t small = static_cast<std::int32_t>(seed >> 16) % 700 - 200;
+    return (seed & 7u) == 0 ? static_cast<std::int32_t>(seed) : small;
+  };
+  Image image;
+  image.width = 12;
+  image.height = 12;
+  image.pixels.assign(144, 0x0F0F);
+  for (const DisplayProperties properties : {kPortraitDisplay, DisplayProperties{240, 320, -640, 2, 16, 0}}) {
+    DrawingSurface surface = MakeOffscreenSurface(properties);
+    for (int call = 0; call < 1500; ++call) {
+      DrawLine(surface, {next(), next()}, {next(), next()}, kWhite);
+      DrawRect(surface, next(), next(), next() % 400, next() % 400, kWhite);
+      FillRect(surface, next() % 400, next() % 400, next() % 50, next() % 50, kWhite);
+      Point p{next(), next()};
+      DrawText(surface, p, "Norvane~", next() % 20, kWhite, (call & 1) != 0, (call & 2) != 0);
+      BlitKeyed(surface, next(), next(), next() % 13, next() % 13, image, 0x0F0F, next() % 3, next() % 3);
+      Blit(surface, next(), next(), 12, 12, image, 0, 0);
+    }
+    EXPECT_EQ(surface.buffer.size(), 240u * 320u);
+  }
 }
 
 }  // namespace

@@ -37,7 +37,7 @@ Check Prepare(const DrawingSurface& surface, const Image& image, BlitArea& area)
   if (area.w > surface.width - area.x) area.w = surface.width - area.x;
   if (area.h > surface.height - area.y) area.h = surface.height - area.y;
   if (surface.bitsPerPixel != 16) return Check::Refused;
-  return Check::Draw;
+  return area.w > 0 && area.h > 0 ? Check::Draw : Check::Nothing;
 }
 
 // Copies the prepared area row by row; `copy(sx, sy)` decides per source
