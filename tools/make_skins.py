@@ -1,0 +1,197 @@
+#!/usr/bin/python3
+"""Makes the skin bitmaps of the graphic views and the two built-in marks.
+
+Writes data/skins/*.bmp (24-bit, bottom-up, as the views' skin folder holds
+them) and ui/surface/builtin_marks.cpp. Needs python3-pil.
+
+The day and night maps come from the equirectangular Earth images in
+data/sources (longitude -180..180 left to right, latitude 90..-90 top to
+bottom). The map view holds the screen in landscape: latitude runs along x
+(south at 0, north at 240) and longitude along y (west at 0, east at 320),
+so each image is scaled to 320 x 240 and turned a quarter clockwise.
+
+The icons are drawn here from small shape rules on the transparency colour.
+"""
+import math
+import pathlib
+
+from PIL import Image
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+SOURCES = ROOT / "data" / "sources"
+SKINS = ROOT / "data" / "skins"
+MARKS = ROOT / "ui" / "surface" / "builtin_marks.cpp"
+
+KEY = (249, 57, 198)
+
+
+def earth(name):
+    image = Image.open(SOURCES / ("earth_%s_2048x1024.jpg" % name)).convert("RGB")
+    image = image.resize((320, 240), Image.Resampling.LANCZOS)
+    turned = image.transpose(Image.Transpose.ROTATE_270)
+    # North is to the right and east is down: the north-west corner of the
+    # source lands at the top right.
+    assert turned.size == (240, 320)
+    assert turned.getpixel((239, 0)) == image.getpixel((0, 0))
+    return turned
+
+
+def icon(side, paint):
+    """An icon whose pixel (x, y) is paint(dx, dy), offsets from the centre, or KEY."""
+    image = Image.new("RGB", (side, side), KEY)
+    centre = (side - 1) / 2
+    for y in range(side):
+        for x in range(side):
+            colour = paint(x - centre, y - centre)
+            if colour is not None:
+                image.putpixel((x, y), colour)
+    return image
+
+
+def from_rows(rows, palette):
+    image = Image.new("RGB", (len(rows[0]), len(rows)), KEY)
+    for y, row in enumerate(rows):
+        for x, cell in enumerate(row):
+            if cell != ".":
+                image.putpixel((x, y), palette[cell])
+    return image
+
+
+def sun(dx, dy):
+    r = math.hypot(dx, dy)
+    if r <= 2.6:
+        return (255, 250, 160)
+    if r <= 3.9:
+        return (255, 215, 0)
+    on_ray = abs(dx) < 0.6 or abs(dy) < 0.6 or abs(abs(dx) - abs(dy)) < 0.6
+    if on_ray and r <= 5.6:
+        return (255, 160, 0)
+    return None
+
+
+def moon_disc(lit, spots):
+    def paint(dx, dy):
+        r = math.hypot(dx, dy)
+        if r > 5.3:
+            return None
+        if (round(dx), round(dy)) in spots:
+            return tuple(c * 3 // 4 for c in lit)
+        return lit
+    return paint
+
+
+MOON_SPOTS = {(-2, -2), (-1, -2), (1, 1), (2, 1), (2, 2), (-2, 2)}
+
+
+def ring(radius, width, colour, centre_colour=None):
+    def paint(dx, dy):
+        r = math.hypot(dx, dy)
+        if abs(r - radius) <= width / 2:
+            return colour
+        if centre_colour is not None and r < 0.5:
+            return centre_colour
+        return None
+    return paint
+
+
+def disc(radius, colour, rim=None):
+    def paint(dx, dy):
+        r = math.hypot(dx, dy)
+        if r <= radius - 1 or (r <= radius and rim is None):
+            return colour
+        if r <= radius:
+            return rim
+        return None
+    return paint
+
+
+ICONS = {
+    "iss.bmp": from_rows(
+        ["BB.W.BB",
+         "BB.W.BB",
+         "BBWWWBB",
+         "WWWWWWW",
+         "BBWWWBB",
+         "BB.W.BB",
+         "BB.W.BB"],
+        {"B": (70, 110, 230), "W": (255, 255, 255)}),
+    "hst.bmp": from_rows(
+        ["...S...",
+         "Y.SSS.Y",
+         "Y.SSS.Y",
+         "YYSSSYY",
+         "Y.SSS.Y",
+         "Y.SSS.Y",
+         "...S..."],
+        {"S": (200, 200, 210), "Y": (230, 180, 40)}),
+    "sat.bmp": from_rows(
+        ["...R...",
+         "..RRR..",
+         ".RRYRR.",
+         "RRYYYRR",
+         ".RRYRR.",
+         "..RRR..",
+         "...R..."],
+        {"R": (255, 40, 40), "Y": (255, 255, 120)}),
+    "notsell.bmp": from_rows(
+        [".......",
+         ".......",
+         "..GGG..",
+         "..GWG..",
+         "..GGG..",
+         ".......",
+         "......."],
+        {"G": (0, 220, 0), "W": (220, 255, 220)}),
+    "GPS.bmp": icon(7, disc(3.2, (0, 230, 60), (0, 120, 30))),
+    "GPSU.bmp": icon(7, ring(2.8, 1.0, (150, 150, 150))),
+    "sun.bmp": icon(12, sun),
+    "moon.bmp": icon(12, moon_disc((225, 225, 215), MOON_SPOTS)),
+    "moondark.bmp": icon(12, moon_disc((60, 60, 75), MOON_SPOTS)),
+}
+
+
+def observer_mark(dx, dy):
+    # A red cross-hair in a thin ring.
+    if abs(dx) < 0.5 or abs(dy) < 0.5:
+        return (255, 255, 255) if dx == 0 and dy == 0 else (255, 30, 30)
+    if abs(math.hypot(dx, dy) - 3.6) <= 0.5:
+        return (255, 30, 30)
+    return None
+
+
+MARKS_IMAGES = {
+    "kObserverMark": icon(9, observer_mark),
+    "kCurrentMark": icon(11, ring(4.8, 1.1, (255, 230, 0))),
+}
+
+
+def write_marks():
+    out = ["// Generated by tools/make_skins.py.",
+           '#include "ui/surface/builtin_marks.h"',
+           "",
+           "namespace norvane {"]
+    for name, image in MARKS_IMAGES.items():
+        side = image.size[0]
+        out += ["", "const std::uint32_t %s[%d * %d] = {" % (name, side, side)]
+        for y in range(side):
+            cells = []
+            for x in range(side):
+                r, g, b = image.getpixel((x, y))
+                cells.append("0x%06X" % (r | g << 8 | b << 16))
+            out.append("    " + ", ".join(cells) + ",")
+        out.append("};")
+    out += ["", "}  // namespace norvane", ""]
+    MARKS.write_text("\n".join(out))
+
+
+def main():
+    SKINS.mkdir(parents=True, exist_ok=True)
+    earth("night").save(SKINS / "night.bmp")
+    earth("day").save(SKINS / "day.bmp")
+    for name, image in ICONS.items():
+        image.save(SKINS / name)
+    write_marks()
+
+
+if __name__ == "__main__":
+    main()
