@@ -1,3 +1,4 @@
+#include <QDir>
 #include <QStandardPaths>
 
 #include "download/platform_http.h"
@@ -10,7 +11,9 @@ std::unique_ptr<HttpClient> makePlatformHttpClient(const HttpTimeouts& timeouts)
 }
 
 std::string documentsFolder() {
-  return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation).toStdString();
+  const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+  QDir().mkpath(folder);  // a fresh account may have none yet
+  return folder.toStdString();
 }
 
 }  // namespace norvane
