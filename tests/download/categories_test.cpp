@@ -2,6 +2,7 @@
 
 #include "download/categories.h"
 #include "download/element_download.h"
+#include "recording_sink.h"
 #include "settings/memory_settings_store.h"
 
 namespace norvane {
@@ -30,19 +31,6 @@ TEST(Categories, UrlAndCopyPath) {
   EXPECT_EQ(downloadPath("/home/ana/Documents/", "noaa"), "/home/ana/Documents/noaa.txt");
 }
 
-struct Shown {
-  std::string text, title;
-  MessageIcon icon;
-};
-
-class RecordingSink : public MessageSink {
- public:
-  void show(const std::string& text, const std::string& title, MessageIcon icon) override {
-    shown.push_back({text, title, icon});
-  }
-  std::vector<Shown> shown;
-};
-
 // A client that must not be asked for anything once its session fails.
 class ClosedClient : public HttpClient {
  public:
@@ -55,7 +43,7 @@ class ClosedClient : public HttpClient {
 
 TEST(Download, OutOfRangeRowsAndAMissingSessionChangeNothing) {
   ClosedClient http;
-  RecordingSink sink;
+  testing::RecordingSink sink;
   MemorySettingsStore store;
   DownloadContext context{http, sink, store, "http://127.0.0.1:9", "/nonexistent"};
   auto catalogue = std::make_unique<Catalogue>();

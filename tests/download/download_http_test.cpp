@@ -12,6 +12,7 @@
 #include "download/element_download.h"
 #include "download/qt_http_client.h"
 #include "fixture_server.h"
+#include "recording_sink.h"
 #include "settings/memory_settings_store.h"
 #include "settings/wide_path.h"
 
@@ -19,24 +20,6 @@ namespace norvane {
 namespace {
 
 namespace fs = std::filesystem;
-
-struct Shown {
-  std::string text, title;
-  MessageIcon icon;
-};
-
-class RecordingSink : public MessageSink {
- public:
-  void show(const std::string& text, const std::string& title, MessageIcon icon) override {
-    shown.push_back({text, title, icon});
-  }
-  std::vector<std::string> texts() const {
-    std::vector<std::string> out;
-    for (const Shown& s : shown) out.push_back(s.text);
-    return out;
-  }
-  std::vector<Shown> shown;
-};
 
 std::string fileText(const fs::path& path) {
   std::ifstream in(path, std::ios::binary);
@@ -96,7 +79,7 @@ class DownloadHttp : public ::testing::Test {
 
   static testing::ElementServer server;
   QtHttpClient http{kTestTimeouts};
-  RecordingSink sink;
+  testing::RecordingSink sink;
   MemorySettingsStore store;
   fs::path documents;
   std::unique_ptr<Catalogue> catalogue;

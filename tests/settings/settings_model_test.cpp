@@ -35,28 +35,9 @@ Settings changedSettings() {
   return s;
 }
 
+// Every value compared through its stored bytes.
 void expectSame(const Settings& a, const Settings& b) {
-  EXPECT_EQ(a.gpsPort, b.gpsPort);
-  EXPECT_EQ(a.gpsSpeed, b.gpsSpeed);
-  EXPECT_EQ(a.gpsCompass, b.gpsCompass);
-  EXPECT_EQ(a.gpsAcceptGN, b.gpsAcceptGN);
-  EXPECT_EQ(a.snToNs, b.snToNs);
-  EXPECT_EQ(a.starsMag, b.starsMag);
-  EXPECT_EQ(a.satPredictMag, b.satPredictMag);
-  EXPECT_EQ(a.satPredictVisible, b.satPredictVisible);
-  EXPECT_EQ(a.flagRefraction, b.flagRefraction);
-  EXPECT_EQ(a.uplink, b.uplink);
-  EXPECT_EQ(a.downlink, b.downlink);
-  EXPECT_EQ(a.flares, b.flares);
-  EXPECT_EQ(a.s4s8, b.s4s8);
-  EXPECT_EQ(a.flagPlanets, b.flagPlanets);
-  EXPECT_EQ(a.flagColors, b.flagColors);
-  EXPECT_EQ(a.satDisplay, b.satDisplay);
-  EXPECT_EQ(a.lastOpen, b.lastOpen);
-  EXPECT_EQ(a.city, b.city);
-  EXPECT_EQ(a.lat, b.lat);
-  EXPECT_EQ(a.lon, b.lon);
-  EXPECT_EQ(a.alt, b.alt);
+  for (const SettingValue& v : settingValues()) EXPECT_EQ(v.encode(a), v.encode(b)) << v.name;
 }
 
 TEST(SettingsModel, LoadOrderAndWidths) {
