@@ -1,0 +1,24 @@
+#pragma once
+#include <cstdint>
+
+#include "core/platform/settings_store.h"
+#include "settings/settings.h"
+
+namespace norvane {
+
+// Reads every value into settings; a missing value, or one whose stored size is
+// not its width, keeps what the field holds. Returns "City", or -1 (and reads
+// nothing) when the store cannot be read.
+std::int32_t loadSettings(Settings& settings, SettingsStore& store);
+
+// Each save writes one group in its order and returns the store's result.
+// GPS group: "GPSPort", "GPSSpeed", "GPSCompass", "GPSAcceptGN".
+bool saveGpsGroup(const Settings& settings, SettingsStore& store);
+// Settings group: "SNtoNS" ... "Flag_colors", "Sat_Display".
+bool saveSettingsGroup(const Settings& settings, SettingsStore& store);
+// Location group: "City" (taken as the argument, and kept in settings), "Lat", "Lon", "Alt".
+bool saveLocationGroup(Settings& settings, std::int32_t city, SettingsStore& store);
+// Last-file group: "Last_Open" (520 bytes), "Sat_Display".
+bool saveLastFileGroup(const Settings& settings, SettingsStore& store);
+
+}  // namespace norvane

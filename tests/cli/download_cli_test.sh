@@ -1,0 +1,39 @@
+#!/usr/bin/env bash
+# norvane-cli download against tests/download/element_server.py on 127.0.0.1.
+set -u
+cli=$1
+data=$2
+server=$3
+work=$(mktemp -d)
+"$server" "$data" > "$work/port" &
+server_pid=$!
+trap 'kill $server_pid 2>/dev/null; rm -rf "$work"' EXIT
+for _ in $(seq 50); do [ -s "$work/port" ] && break; sleep 0.1; done
+base="http://127.0.0.1:$(head -n 1 "$work/port")"
+failures=0
+
+check() {  # check NAME EXPECTED-STATUS EXPECTED-SUBSTRING -- COMMAND...
+  local name=$1 status=$2 want=$3
+  shift 4
+  local out rc
+  out=$("$@" 2>&1)
+  rc=$?
+  if [ "$rc" != "$status" ] || [[ "$out" != *"$want"* ]]; then
+    echo "FAIL $name: status $rc (want $status), output: ${out:0:400}"
+    failures=$((failures + 1))
+  fi
+}
+
+check visual 0 "{\"count\":144,\"path\":\"$work/visual.txt\",\"iridium\":0}" -- \
+  "$cli" --json download --server "$base/ok" --category visual --out "$work"
+check iridium 0 '"count":92,' -- "$cli" --json download --server "$base/ok" --category Iridium --out "$work"
+check iridium-mark 0 '"iridium":1}' -- "$cli" --json download --server "$base/ok" --category iridium --out "$work"
+check missing 1 "Can't connect to url!" -- "$cli" download --server "$base/missing" --category geo --out "$work"
+check reset 1 "Error reading data!" -- "$cli" download --server "$base/reset" --category geo --out "$work"
+check nosave 1 "Error saving data to My Documents!" -- "$cli" download --server "$base/ok" --category geo --out "$work/port"
+check unknown 1 'unknown category' -- "$cli" download --category nothing --out "$work"
+check usage 2 'missing option --category' -- "$cli" download
+cmp -s "$work/visual.txt" "$data/visual_2017-04-14.txt" || { echo "FAIL copy differs"; failures=$((failures + 1)); }
+[ -e "$work/geo.txt" ] && { echo "FAIL failed downloads left geo.txt"; failures=$((failures + 1)); }
+echo "$failures failed"
+[ "$failures" = 0 ]

@@ -1,0 +1,119 @@
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include "settings/qt_settings_store.h"
+#include "settings/settings_io.h"
+
+namespace norvane {
+namespace {
+
+void writeFile(const QString& path, const QByteArray& bytes) {
+  QFile f(path);
+  ASSERT_TRUE(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
+  f.write(bytes);
+}
+
+Settings someSettings() {
+  Settings s;
+  s.gpsPort = 3, s.gpsAcceptGN = 1, s.starsMag = 2, s.flagPlanets = 1, s.downlink = 437.8;
+  s.satDisplay = 5, s.lastOpen = "/home/ana/Documents/iridium.txt", s.lat = -0.25;
+  return s;
+}
+
+class QtSettingsStoreTest : public ::testing::Test {
+ protected:
+  QString iniPath() const { return dir.path() + "/config/Norvane/Norvane.ini"; }
+  QTemporaryDir dir;
+};
+
+TEST_F(QtSettingsStoreTest, NoFileMeansDefaultsAndTheFirstSaveCreatesIt) {
+  QtSettingsStore store(iniPath());
+  Settings s;
+  EXPECT_EQ(loadSettings(s, store), 0);
+  EXPECT_EQ(s.gpsPort, 1);
+  EXPECT_FALSE(QFile::exists(iniPath()));
+
+  EXPECT_TRUE(saveGpsGroup(someSettings(), store));
+  ASSERT_TRUE(QFile::exists(iniPath()));
+  // Nothing but the settings file is left in its folder.
+  EXPECT_EQ(QDir(dir.path() + "/config/Norvane").entryList(QDir::Files), QStringList{"Norvane.ini"});
+}
+
+TEST_F(QtSettingsStoreTest, EveryGroupSurvivesARestart) {
+  const Settings saved = someSettings();
+  {
+    QtSettingsStore store(iniPath());
+    saveGpsGroup(saved, store);
+    saveSettingsGroup(saved, store);
+    Settings located = saved;
+    saveLocationGroup(located, 12, store);
+    saveLastFileGroup(saved, store);
+  }
+  QtSettingsStore reopened(iniPath());
+  Settings loaded;
+  EXPECT_EQ(loadSettings(loaded, reopened), 12);
+  EXPECT_EQ(loaded.gpsPort, 3);
+  EXPECT_EQ(loaded.gpsAcceptGN, 1);
+  EXPECT_EQ(loaded.starsMag, 2);
+  EXPECT_EQ(loaded.flagPlanets, 1);
+  EXPECT_EQ(loaded.downlink, 437.8);
+  EXPECT_EQ(loaded.satDisplay, 5);
+  EXPECT_EQ(loaded.lastOpen, saved.lastOpen);
+  EXPECT_EQ(loaded.lat, -0.25);
+  EXPECT_EQ(reopened.read("Last_Open")->size(), 520u);
+}
+
+TEST_F(QtSettingsStoreTest, ValuesOfAnotherSizeOrKindAreIgnored) {
+  QDir().mkpath(dir.path() + "/config/Norvane");
+  writeFile(iniPath(),
+            "[Software]\n"
+            "Norvane\\Flag_planets=@ByteArray(\\x1\\0\\0\\0)\n"
+            "Norvane\\Stars_Mag=@ByteArray(\\x1)\n"
+            "Norvane\\GPSPort=7\n"
+            "Norvane\\GPSSpeed=@ByteArray(\\x5\\0\\0\\0)\n");
+  QtSettingsStore store(iniPath());
+  Settings s;
+  EXPECT_EQ(loadSettings(s, store), 0);
+  EXPECT_EQ(s.flagPlanets, 0);
+  EXPECT_EQ(s.starsMag, 5);
+  EXPECT_EQ(s.gpsPort, 1);
+  EXPECT_EQ(s.gpsSpeed, 5);
+}
+
+TEST_F(QtSettingsStoreTest, DamagedFilesKeepTheDefaultsAndTheNextSaveRepairsThem) {
+  QDir().mkpath(dir.path() + "/config/Norvane");
+  const QByteArray damaged[] = {
+      QByteArray("[Software\n\x01\x02garbage=@ByteArray(\\x\n\xff\xfe", 27),
+      QByteArray("[Software]\nNorvane\\Lat=@ByteArray(\\x1\\x2"),  // cut short
+      QByteArray("\0\0\0\0[]=\n=@Variant(\\0\\0\\0\x7f)\n", 28),
+  };
+  for (const QByteArray& bytes : damaged) {
+    writeFile(iniPath(), bytes);
+    QtSettingsStore store(iniPath());
+    Settings s;
+    loadSettings(s, store);
+    EXPECT_EQ(s.lat, Settings{}.lat);
+    EXPECT_EQ(s.gpsPort, 1);
+
+    EXPECT_TRUE(saveGpsGroup(someSettings(), store));
+    QtSettingsStore again(iniPath());
+    Settings t;
+    EXPECT_GE(loadSettings(t, again), 0);
+    EXPECT_EQ(t.gpsPort, 3);
+  }
+}
+
+TEST_F(QtSettingsStoreTest, AFileThatCannotBeWrittenIsReportedNotThrown) {
+  writeFile(dir.path() + "/plain", "x");
+  QtSettingsStore store(dir.path() + "/plain/Norvane.ini");
+  EXPECT_FALSE(saveGpsGroup(someSettings(), store));
+  Settings s;
+  loadSettings(s, store);
+  EXPECT_EQ(s.gpsPort, 1);
+}
+
+}  // namespace
+}  // namespace norvane
