@@ -4,7 +4,7 @@
 #include <string>
 
 #include "core/elements/element_file.h"
-#include "download/atomic_file.h"
+#include "core/platform/atomic_file.h"
 #include "download/categories.h"
 #include "settings/settings_io.h"
 
