@@ -84,21 +84,39 @@ const char* modelName(const WorkingSet& work, int mode) {
   return work.isDeepSpace != 0 ? "SDP4" : "SGP4";
 }
 
-std::uint32_t propagate(ModelState& models, const Catalogue& catalogue, double jd, WorkingSet& work,
-                        int index, StateVector& velocity, StateVector& position, std::uint8_t initialised,
-                        int mode) {
-  if (initialised == 0) {
-    models.flags = ModelFlags{};
-    const bool inside = index >= 0 && index < kCatalogueSlots;
-    initialiseWorkingSet(work, inside ? catalogue.satellites[static_cast<std::size_t>(index)] : Satellite{});
-  }
-  const double tsince = (jd - epochToJulian(work.epoch)) * 1440.0;
+namespace {
+
+void prepare(ModelState& models, const Catalogue& catalogue, WorkingSet& work, int index) {
+  models.flags = ModelFlags{};
+  const bool inside = index >= 0 && index < kCatalogueSlots;
+  initialiseWorkingSet(work, inside ? catalogue.satellites[static_cast<std::size_t>(index)] : Satellite{});
+}
+
+std::uint32_t timedModel(ModelState& models, double tsince, const WorkingSet& work, StateVector& velocity,
+                         StateVector& position, std::uint8_t initialised, int mode) {
   const std::uint32_t start = tickCount();
   runModel(models, tsince, work, position, velocity, initialised, mode);
   const std::uint32_t end = tickCount();
   scale(position, kKilometresPerEarthRadius);
   scale(velocity, kKmPerSecondPerEarthRadiusPerMinute);
   return end - start;
+}
+
+}  // namespace
+
+std::uint32_t propagate(ModelState& models, const Catalogue& catalogue, double jd, WorkingSet& work,
+                        int index, StateVector& velocity, StateVector& position, std::uint8_t initialised,
+                        int mode) {
+  if (initialised == 0) prepare(models, catalogue, work, index);
+  const double tsince = (jd - epochToJulian(work.epoch)) * 1440.0;
+  return timedModel(models, tsince, work, velocity, position, initialised, mode);
+}
+
+std::uint32_t propagateSince(ModelState& models, const Catalogue& catalogue, double tsince, WorkingSet& work,
+                             int index, StateVector& velocity, StateVector& position, std::uint8_t initialised,
+                             int mode) {
+  if (initialised == 0) prepare(models, catalogue, work, index);
+  return timedModel(models, tsince, work, velocity, position, initialised, mode);
 }
 
 }  // namespace norvane

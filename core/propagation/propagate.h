@@ -33,6 +33,11 @@ std::uint32_t propagate(ModelState& models, const Catalogue& catalogue, double j
                         int index, StateVector& velocity, StateVector& position, std::uint8_t initialised,
                         int mode);
 
+// As propagate, for a time given in minutes from the element epoch.
+std::uint32_t propagateSince(ModelState& models, const Catalogue& catalogue, double tsince, WorkingSet& work,
+                             int index, StateVector& velocity, StateVector& position, std::uint8_t initialised,
+                             int mode);
+
 // The model call alone: the model chosen by mode and work.isDeepSpace at
 // tsince minutes from epoch, position in earth radii and velocity in earth
 // radii per minute (magnitudes not set).
