@@ -1,0 +1,111 @@
+#include "core/propagation/sdp4.h"
+
+#include <cmath>
+
+#include "core/propagation/mean_motion_recovery.h"
+#include "core/propagation/model_constants.h"
+#include "core/propagation/sgp4.h"
+
+namespace norvane {
+
+using namespace model;
+
+void sdp4Initialise(Sdp4Constants& k, DeepSpaceState& deepState, ModelFlags& flags, const WorkingSet& w,
+                    double ds50) {
+  const RecoveredOrbit o = recoverMeanMotion(w.xno, w.xincl, w.eo);
+  k.xnodp = o.xnodp;
+  const DensityParameters density = densityParameters(o.aodp, w.eo);
+
+  // Drag coefficients.
+  const double pinvsq = 1.0 / (o.aodp * o.aodp * o.betao2 * o.betao2);
+  const double sing = std::sin(w.omegao);
+  const double cosg = std::cos(w.omegao);
+  const double tsi = 1.0 / (o.aodp - density.s4);
+  const double eta = o.aodp * w.eo * tsi;
+  const double etasq = eta * eta;
+  const double eeta = w.eo * eta;
+  const double psisq = std::fabs(1.0 - etasq);
+  const double tsi2 = tsi * tsi;
+  const double coef = density.qoms24 * tsi2 * tsi2;
+  const double coef1 = coef / std::pow(psisq, 3.5);
+  const double c2 = coef1 * o.xnodp *
+                    (o.aodp * (1.0 + 1.5 * etasq + eeta * (4.0 + etasq)) +
+                     kCk2x0p75 * tsi / psisq * o.x3thm1 * (8.0 + 3.0 * etasq * (8.0 + etasq)));
+  k.c1 = w.bstar * c2;
+  const double sinio = std::sin(w.xincl);
+  const double x1mth2 = 1.0 - o.theta2;
+  k.c4 = 2.0 * o.xnodp * coef1 * o.aodp * o.betao2 *
+         (eta * (2.0 + 0.5 * etasq) + w.eo * (0.5 + 2.0 * etasq) -
+          kCk2x2 * tsi / (o.aodp * psisq) *
+              (-3.0 * o.x3thm1 * (1.0 - 2.0 * eeta + etasq * (1.5 - 0.5 * eeta)) +
+               0.75 * x1mth2 * (2.0 * etasq - eeta * (1.0 + etasq)) * std::cos(2.0 * w.omegao)));
+
+  // Secular rates of mean anomaly, perigee and node.
+  const double theta4 = o.theta2 * o.theta2;
+  const double pardt1 = kCk2x3 * pinvsq * o.xnodp;
+  const double pardt2 = pardt1 * kCk2 * pinvsq;
+  const double pardt4 = kCk4x1p25 * pinvsq * pinvsq * o.xnodp;
+  k.xmdot = o.xnodp + 0.5 * pardt1 * o.betao * o.x3thm1 +
+            0.0625 * pardt2 * o.betao * (13.0 - 78.0 * o.theta2 + 137.0 * theta4);
+  const double x1m5th = 1.0 - 5.0 * o.theta2;
+  k.omgdot = -0.5 * pardt1 * x1m5th + 0.0625 * pardt2 * (7.0 - 114.0 * o.theta2 + 395.0 * theta4) +
+             pardt4 * (3.0 - 36.0 * o.theta2 + 49.0 * theta4);
+  const double xhdot1 = -pardt1 * o.cosio;
+  k.xnodot = xhdot1 + (0.5 * pardt2 * (4.0 - 19.0 * o.theta2) + 2.0 * pardt4 * (3.0 - 7.0 * o.theta2)) * o.cosio;
+
+  k.xnodcf = 3.5 * o.betao2 * xhdot1 * k.c1;
+  k.t2cof = 1.5 * k.c1;
+  k.shortPeriod = {o.cosio, sinio, o.x3thm1, x1mth2, 7.0 * o.theta2 - 1.0,
+                   0.125 * kA3ovk2 * sinio * (3.0 + 5.0 * o.cosio) / (1.0 + o.cosio),
+                   0.25 * kA3ovk2 * sinio};
+
+  DeepExchange& x = deepState.exchange;
+  x.eosq = o.eosq;
+  x.siniq = sinio;
+  x.cosiq = o.cosio;
+  x.rteosq = o.betao;
+  x.ao = o.aodp;
+  x.cosq2 = o.theta2;
+  x.sinomo = sing;
+  x.cosomo = cosg;
+  x.bsq = o.betao2;
+  x.xlldot = k.xmdot;
+  x.omgdt = k.omgdot;
+  x.xnodot = k.xnodot;
+  x.xnodp = o.xnodp;
+  deepInitialise(deepState, flags, w, ds50);
+}
+
+void sdp4(Sdp4Constants& k, DeepSpaceState& deepState, ModelFlags& flags, double t, const WorkingSet& w,
+          StateVector& position, StateVector& velocity, std::uint8_t initialised) {
+  if (initialised == 0) sdp4Initialise(k, deepState, flags, w, deepSpaceEpochDays(w.epoch));
+
+  // Secular gravity and drag, then the deep-space secular and resonance effects.
+  DeepExchange& x = deepState.exchange;
+  const double tsq = t * t;
+  x.xll = w.xmo + k.xmdot * t;
+  x.omgasm = w.omegao + k.omgdot * t;
+  x.xnodes = w.xnodeo + k.xnodot * t + k.xnodcf * tsq;
+  x.xn = k.xnodp;
+  x.t = t;
+  deep(deepState, flags, 2, w);
+
+  const double tempa = 1.0 - k.c1 * t;
+  const double tempe = w.bstar * k.c4 * t;
+  const double templ = k.t2cof * tsq;
+  const double a = std::pow(kXke / x.xn, kTwoThirds) * tempa * tempa;
+  x.em -= tempe;
+  x.xll += k.xnodp * templ;
+  deep(deepState, flags, 3, w);
+
+  MeanElements m;
+  m.a = a;
+  m.e = x.em;
+  m.omega = x.omgasm;
+  m.xnode = x.xnodes;
+  m.xl = x.xll + x.omgasm + x.xnodes;
+  m.xinc = x.xinc;
+  lyddaneOutput(m, k.shortPeriod, position, velocity);
+}
+
+}  // namespace norvane
