@@ -33,6 +33,8 @@ struct GpsData {
   std::array<double, kGpsViewSlots> elevation{};      // radians
   std::array<std::int16_t, kGpsViewSlots> prn{};
   std::uint32_t timeStamp = 0;         // tick count (ms) when the last time field was decoded
+
+  bool operator==(const GpsData&) const = default;
 };
 
 }  // namespace norvane
