@@ -23,7 +23,9 @@ bool TestGpsPort(GpsThread& thread, const GpsSettings& settings, const GpsPortMa
   thread.configure(settings, map);
   thread.releasePort();
   std::string message;
-  if (!OpenChosenPort(settings, map, message)) {
+  const bool opened = OpenChosenPort(settings, map, message) != nullptr;
+  thread.resumePort();
+  if (!opened) {
     sink.show(message, "", MessageIcon::Stop);
     return false;
   }

@@ -65,11 +65,20 @@ bool GpsThread::running() const { return running_.load(); }
 
 void GpsThread::releasePort() {
   std::unique_lock lock(mutex_);
-  if (!running_.load() || !portOpen_) return;
-  releaseRequested_ = true;
-  abortReads_.store(true);
-  wake_.notify_all();
-  wake_.wait_for(lock, std::chrono::seconds(1), [this] { return !portOpen_ || !running_.load(); });
+  portHeld_ = true;
+  if (!running_.load()) return;
+  if (portOpen_) {
+    releaseRequested_ = true;
+    abortReads_.store(true);
+    wake_.notify_all();
+  }
+  wake_.wait_for(lock, std::chrono::seconds(1),
+                 [this] { return (!portOpen_ && !opening_) || !running_.load(); });
+}
+
+void GpsThread::resumePort() {
+  std::lock_guard lock(mutex_);
+  portHeld_ = false;
 }
 
 GpsData GpsThread::data() const {
@@ -116,11 +125,17 @@ bool GpsThread::pass(GpsPort& port, GpsData& working, const GpsSettings& setting
 }
 
 std::unique_ptr<GpsPort> GpsThread::openPort(const GpsSettings& settings, const GpsPortMap& map) {
-  std::unique_ptr<GpsPort> port = OpenGpsDevice(GpsDeviceOf(map, settings.portIndex), &abortReads_);
-  if (port) {
+  {
     std::lock_guard lock(mutex_);
-    portOpen_ = true;
+    if (portHeld_) return nullptr;
+    opening_ = true;
   }
+  std::unique_ptr<GpsPort> port = OpenGpsDevice(GpsDeviceOf(map, settings.portIndex), &abortReads_);
+  std::lock_guard lock(mutex_);
+  opening_ = false;
+  if (portHeld_) port.reset();  // released while it was being opened
+  portOpen_ = port != nullptr;
+  wake_.notify_all();
   return port;
 }
 

@@ -38,9 +38,11 @@ class GpsThread {
   void stop();
   bool running() const;
 
-  // Makes the thread let go of its port (a port test is about to open it);
-  // returns once the port is closed or after a second.
+  // Makes the thread let go of its port and leave it closed until
+  // resumePort() (a port test opens it meanwhile); returns once the port is
+  // closed, or after a second.
   void releasePort();
+  void resumePort();
 
   // The record as the last pass left it, never half written.
   GpsData data() const;
@@ -72,6 +74,8 @@ class GpsThread {
   GpsData published_;
   std::optional<GpsObserverUpdate> observerUpdate_;
   bool portOpen_ = false;
+  bool portHeld_ = false;  // released to someone else: not opened
+  bool opening_ = false;
   std::thread thread_;
 };
 
