@@ -95,15 +95,11 @@ std::string ReadFile(const std::string& path) {
 
 TEST(GpsdAddress, Forms) {
   std::string host, port;
-  EXPECT_TRUE(ParseGpsdAddress("gpsd://127.0.0.1:2947", host, port));
-  EXPECT_EQ(host, "127.0.0.1");
-  EXPECT_EQ(port, "2947");
   EXPECT_TRUE(ParseGpsdAddress("gpsd://[::1]:2947", host, port));
-  EXPECT_EQ(host, "::1");
-  EXPECT_FALSE(ParseGpsdAddress("gpsd://127.0.0.1", host, port));
-  EXPECT_FALSE(ParseGpsdAddress("gpsd://:2947", host, port));
-  EXPECT_FALSE(ParseGpsdAddress("gpsd://host:29x", host, port));
-  EXPECT_FALSE(ParseGpsdAddress("/dev/ttyUSB0", host, port));
+  EXPECT_EQ(host + " " + port, "::1 2947");
+  for (const char* bad : {"gpsd://127.0.0.1", "gpsd://:2947", "gpsd://host:29x", "/dev/ttyUSB0"}) {
+    EXPECT_FALSE(ParseGpsdAddress(bad, host, port)) << bad;
+  }
 }
 
 TEST(Gpsd, ThreadReadsRawNmeaThroughARealGpsd) {
