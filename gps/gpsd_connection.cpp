@@ -63,19 +63,24 @@ class GpsdConnection final : public GpsPort {
   bool broken_ = false;
 };
 
-// A non-blocking connect that gives up after kConnectTimeoutMs.
-int Connect(const addrinfo& address) {
+// A non-blocking connect that gives up after kConnectTimeoutMs, or as soon
+// as *abort is set.
+int Connect(const addrinfo& address, const std::atomic<bool>* abort) {
   const int fd = ::socket(address.ai_family, address.ai_socktype | SOCK_NONBLOCK | SOCK_CLOEXEC,
                           address.ai_protocol);
   if (fd < 0) return -1;
   if (::connect(fd, address.ai_addr, address.ai_addrlen) == 0) return fd;
   if (errno == EINPROGRESS) {
-    pollfd p{fd, POLLOUT, 0};
-    int error = 0;
-    socklen_t size = sizeof error;
-    if (::poll(&p, 1, kConnectTimeoutMs) == 1 &&
-        ::getsockopt(fd, SOL_SOCKET, SO_ERROR, &error, &size) == 0 && error == 0) {
-      return fd;
+    for (int waited = 0; waited < kConnectTimeoutMs; waited += kGpsByteTimeoutMs) {
+      if (abort != nullptr && abort->load()) break;
+      pollfd p{fd, POLLOUT, 0};
+      const int ready = ::poll(&p, 1, kGpsByteTimeoutMs);
+      if (ready < 0 && errno != EINTR) break;
+      if (ready != 1) continue;
+      int error = 0;
+      socklen_t size = sizeof error;
+      if (::getsockopt(fd, SOL_SOCKET, SO_ERROR, &error, &size) == 0 && error == 0) return fd;
+      break;
     }
   }
   ::close(fd);
@@ -120,7 +125,7 @@ std::unique_ptr<GpsPort> OpenGpsdConnection(const std::string& device,
   addrinfo* found = nullptr;
   if (::getaddrinfo(host.c_str(), port.c_str(), &hints, &found) != 0) return nullptr;
   int fd = -1;
-  for (addrinfo* a = found; a != nullptr && fd < 0; a = a->ai_next) fd = Connect(*a);
+  for (addrinfo* a = found; a != nullptr && fd < 0; a = a->ai_next) fd = Connect(*a, abort);
   ::freeaddrinfo(found);
   if (fd < 0) return nullptr;
   if (!SendAll(fd, kGpsdWatchNmea)) {
