@@ -43,6 +43,21 @@ Record& Record::add(std::string key, int value) {
   return *this;
 }
 
+Record& Record::add(std::string key, std::span<const double> values) {
+  std::string json = "[";
+  std::string text;
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    if (i > 0) {
+      json += ",";
+      text += " ";
+    }
+    json += std::isfinite(values[i]) ? formatNumber("%.17g", values[i]) : "null";
+    text += formatNumber("%.12g", values[i]);
+  }
+  fields_.push_back({std::move(key), json + "]", text});
+  return *this;
+}
+
 Record& Record::add(std::string key, std::string_view text) {
   fields_.push_back({std::move(key), jsonString(text), std::string(text)});
   return *this;

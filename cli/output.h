@@ -1,5 +1,6 @@
 #pragma once
 #include <cstdio>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -15,6 +16,8 @@ class Record {
   Record& add(std::string key, int value);
   Record& add(std::string key, std::string_view text);
   Record& add(std::string key, const char* text) { return add(std::move(key), std::string_view(text)); }
+  // A list of numbers: a JSON array, or the numbers separated by blanks.
+  Record& add(std::string key, std::span<const double> values);
 
   // Writes the record and flushes the stream.
   void print(std::FILE* out, bool json) const;
