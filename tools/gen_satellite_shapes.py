@@ -4,16 +4,18 @@ table, from data/sources/qs.mag.
 
 Selection rule (reproducible, gives exactly 1778 records):
   1. Only rows with a standard magnitude (columns 34-37) are used; the header
-     and trailer rows (catalogue numbers 00001 and 99999) are skipped.
+     and trailer rows (catalogue numbers 00001 and 99999) and the analysts'
+     provisional numbers from 90000 up are skipped.
   2. Every such row that gives sizes (Sz1 in columns 38-42; Sz2 43-46 and
      Sz3 47-50, blank read as 0) is taken: 1216 rows. A sphere of radius
      0.3 m or less (width and depth 0) is too small for the table's shapes and
      is stored as the unknown-shape placeholder (0.2, 0, 0); this gives the
      five placeholder rows 5, 1510, 2828, 22994 and 22995.
   3. The table is filled up with the rows that have a standard magnitude but
-     no sizes, lowest catalogue numbers first, until it holds 1778 records
-     together with the three added rows of step 4. Their length, width and
-     depth are 0 (no sizes known).
+     no sizes, brightest first (smallest standard magnitude; equal ones by
+     catalogue number), until it holds 1778 records together with the three
+     added rows of step 4, so the satellites people watch most are in it.
+     Their length, width and depth are 0 (no sizes known).
   4. The rows the program's design names are used exactly as named: 5, 11, 12
      and 163 replace the file's values, and 90036, 90037 and 90038 are added.
 The sixth value is the radar cross-section (columns 51-55, blank read as 0).
@@ -47,7 +49,7 @@ def read_rows(path):
             if len(line) < 5 or not line[:5].isdigit():
                 continue
             catnr = int(line[:5])
-            if catnr in (1, 99999):
+            if catnr == 1 or catnr >= 90000:
                 continue
             magnitude = number(line[33:37])
             if magnitude is None:
@@ -60,7 +62,7 @@ def read_rows(path):
 def build(rows):
     table = {}
     sized = [r for r in rows if r[2][0] is not None]
-    unsized = sorted((r for r in rows if r[2][0] is None), key=lambda r: r[0])
+    unsized = sorted((r for r in rows if r[2][0] is None), key=lambda r: (r[1], r[0]))
     for catnr, magnitude, sizes, rcs in sized:
         shape = tuple(s or 0.0 for s in sizes)
         if shape[1] == 0.0 and shape[2] == 0.0 and shape[0] <= 0.3:
