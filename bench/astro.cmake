@@ -1,2 +1,2 @@
-add_executable(astro_bench astro_bench.cpp)
-target_link_libraries(astro_bench PRIVATE norvane_options core_astro benchmark::benchmark_main)
+add_executable(bench_astro astro_bench.cpp)
+target_link_libraries(bench_astro PRIVATE norvane_options core_astro benchmark::benchmark_main)

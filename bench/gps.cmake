@@ -1,2 +1,2 @@
-add_executable(nmea_bench nmea_bench.cpp)
-target_link_libraries(nmea_bench PRIVATE norvane_options gps_core benchmark::benchmark_main)
+add_executable(bench_nmea nmea_bench.cpp)
+target_link_libraries(bench_nmea PRIVATE norvane_options gps_core benchmark::benchmark_main)

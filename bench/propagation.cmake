@@ -1,5 +1,4 @@
 # bench/propagation: warm model calls and initialisation of the four models.
 add_executable(bench_propagation propagation_bench.cpp)
-set_target_properties(bench_propagation PROPERTIES OUTPUT_NAME propagation)
 target_link_libraries(bench_propagation PRIVATE norvane_options core_propagation core_elements core_time
                       benchmark::benchmark)

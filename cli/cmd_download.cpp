@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "cli/command.h"
+#include "cli/message_capture.h"
 #include "cli/output.h"
 #include "download/categories.h"
 #include "download/element_download.h"
@@ -13,21 +14,13 @@
 namespace norvane::cli {
 namespace {
 
-// Keeps the error texts of a download; information boxes are not printed.
-class ErrorSink : public MessageSink {
- public:
-  void show(const std::string& text, const std::string&, MessageIcon icon) override {
-    if (icon == MessageIcon::Stop) errors.push_back(text);
-  }
-  std::vector<std::string> errors;
-};
 
 int runDownload(const Args& args) {
   const std::string name = required(args, "category");
   const int row = findCategory(name);
   if (row < 0) throw InputError{"--category: unknown category " + name};
   const auto http = makePlatformHttpClient();
-  ErrorSink sink;
+  MessageCapture sink;
   MemorySettingsStore store;  // the user's settings file is left alone
   DownloadContext context{*http, sink, store, args.value("server").value_or(kDefaultElementServer),
                           args.value("out").value_or(documentsFolder())};
@@ -36,7 +29,7 @@ int runDownload(const Args& args) {
   std::int32_t iridium = 0;
   DownloadTarget target{*catalogue, settings, iridium};
   const DownloadResult result = downloadCategory(row, context, target);
-  for (const std::string& e : sink.errors) std::fprintf(stderr, "%s\n", e.c_str());
+  sink.printErrors();
   if (result.status != DownloadStatus::Saved) return 1;
   Record record;
   record.add("count", result.count).add("path", result.path).add("iridium", iridium);

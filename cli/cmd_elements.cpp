@@ -5,22 +5,13 @@
 #include <vector>
 
 #include "cli/command.h"
+#include "cli/message_capture.h"
 #include "cli/output.h"
 #include "core/elements/element_file.h"
 
 namespace norvane::cli {
 namespace {
 
-// Keeps the load's messages: errors go to stderr, the last information text is the result.
-class CollectingSink : public MessageSink {
- public:
-  void show(const std::string& text, const std::string&, MessageIcon icon) override {
-    if (icon == MessageIcon::Stop) errors.push_back(text);
-    else information = text;
-  }
-  std::vector<std::string> errors;
-  std::string information;
-};
 
 std::string nameOf(const Satellite& sat) {
   return std::string(sat.name.data(), strnlen(sat.name.data(), sat.name.size()));
@@ -39,9 +30,9 @@ Record satelliteRecord(int slot, const Satellite& sat) {
 int runElements(const Args& args) {
   const std::string path = required(args, "tle");
   auto catalogue = std::make_unique<Catalogue>();
-  CollectingSink sink;
+  MessageCapture sink;
   const bool opened = openElementFile(*catalogue, sink, path);
-  for (const std::string& e : sink.errors) std::fprintf(stderr, "%s\n", e.c_str());
+  sink.printErrors();
   if (!opened) return 1;
   for (int slot = 0; slot < catalogue->satelliteCount; ++slot) {
     satelliteRecord(slot, catalogue->satellites[static_cast<std::size_t>(slot)]).print(stdout, args.json);

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "cli/command.h"
+#include "cli/message_capture.h"
 #include "cli/output.h"
 #include "core/elements/element_file.h"
 #include "core/propagation/propagate.h"
@@ -11,14 +12,6 @@
 namespace norvane::cli {
 namespace {
 
-// Keeps the load's error texts for stderr; the information text is not shown.
-class ErrorSink : public MessageSink {
- public:
-  void show(const std::string& text, const std::string&, MessageIcon icon) override {
-    if (icon == MessageIcon::Stop) errors.push_back(text);
-  }
-  std::vector<std::string> errors;
-};
 
 int runPropagate(const Args& args) {
   const std::string path = required(args, "tle");
@@ -27,9 +20,9 @@ int runPropagate(const Args& args) {
   const double time = args.has("jd") ? requiredDouble(args, "jd") : requiredDouble(args, "tsince");
 
   auto catalogue = std::make_unique<Catalogue>();
-  ErrorSink sink;
+  MessageCapture sink;
   const bool opened = openElementFile(*catalogue, sink, path);
-  for (const std::string& e : sink.errors) std::fprintf(stderr, "%s\n", e.c_str());
+  sink.printErrors();
   if (!opened) return 1;
   if (index < 0 || index >= catalogue->satelliteCount) {
     throw InputError{"--index " + std::to_string(index) + " is not a loaded satellite (" +

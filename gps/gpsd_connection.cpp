@@ -9,6 +9,8 @@
 #include <cerrno>
 #include <cstring>
 
+#include "gps/timed_read.h"
+
 namespace norvane {
 namespace {
 
@@ -36,22 +38,10 @@ class GpsdConnection final : public GpsPort {
  private:
   bool fill() {
     if (broken_) return false;
-    pollfd p{fd_, POLLIN, 0};
-    int ready = 0;
-    do {
-      ready = ::poll(&p, 1, kGpsByteTimeoutMs);
-    } while (ready < 0 && errno == EINTR);
-    if (ready <= 0) return false;
-    ssize_t got = 0;
-    do {
-      got = ::recv(fd_, buffer_.data(), buffer_.size(), 0);
-    } while (got < 0 && errno == EINTR);
-    if (got <= 0) {
-      if (got == 0 || (errno != EAGAIN && errno != EWOULDBLOCK)) broken_ = true;
-      return false;
-    }
+    const std::size_t got = TimedRead(fd_, buffer_.data(), buffer_.size(), kGpsByteTimeoutMs, broken_);
+    if (got == 0) return false;
     next_ = 0;
-    filled_ = static_cast<std::size_t>(got);
+    filled_ = got;
     return true;
   }
 

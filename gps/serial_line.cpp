@@ -9,6 +9,8 @@
 
 #include <cerrno>
 
+#include "gps/timed_read.h"
+
 namespace norvane {
 namespace {
 
@@ -36,20 +38,7 @@ class SerialLine final : public GpsPort {
 
   bool readByte(std::uint8_t& byte) override {
     if (broken_ || (abort_ != nullptr && abort_->load())) return false;
-    pollfd p{fd_, POLLIN, 0};
-    int ready = 0;
-    do {
-      ready = ::poll(&p, 1, kGpsByteTimeoutMs);
-    } while (ready < 0 && errno == EINTR);
-    if (ready <= 0) return false;
-    ssize_t got = 0;
-    do {
-      got = ::read(fd_, &byte, 1);
-    } while (got < 0 && errno == EINTR);
-    if (got == 1) return true;
-    // Nothing to read although poll said so: the other end has gone.
-    if (got == 0 || (errno != EAGAIN && errno != EWOULDBLOCK)) broken_ = true;
-    return false;
+    return TimedRead(fd_, &byte, 1, kGpsByteTimeoutMs, broken_) == 1;
   }
 
   bool setLineSettings(int rate) override {

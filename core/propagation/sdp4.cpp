@@ -4,6 +4,7 @@
 
 #include "core/propagation/mean_motion_recovery.h"
 #include "core/propagation/model_constants.h"
+#include "core/propagation/secular_rates.h"
 #include "core/propagation/sgp4.h"
 
 namespace norvane {
@@ -17,7 +18,6 @@ void sdp4Initialise(Sdp4Constants& k, DeepSpaceState& deepState, ModelFlags& fla
   const DensityParameters density = densityParameters(o.aodp, w.eo);
 
   // Drag coefficients.
-  const double pinvsq = 1.0 / (o.aodp * o.aodp * o.betao2 * o.betao2);
   const double sing = std::sin(w.omegao);
   const double cosg = std::cos(w.omegao);
   const double tsi = 1.0 / (o.aodp - density.s4);
@@ -40,18 +40,11 @@ void sdp4Initialise(Sdp4Constants& k, DeepSpaceState& deepState, ModelFlags& fla
               (-3.0 * o.x3thm1 * (1.0 - 2.0 * eeta + etasq * (1.5 - 0.5 * eeta)) +
                0.75 * x1mth2 * (2.0 * etasq - eeta * (1.0 + etasq)) * std::cos(2.0 * w.omegao)));
 
-  // Secular rates of mean anomaly, perigee and node.
-  const double theta4 = o.theta2 * o.theta2;
-  const double pardt1 = kCk2x3 * pinvsq * o.xnodp;
-  const double pardt2 = pardt1 * kCk2 * pinvsq;
-  const double pardt4 = kCk4x1p25 * pinvsq * pinvsq * o.xnodp;
-  k.xmdot = o.xnodp + 0.5 * pardt1 * o.betao * o.x3thm1 +
-            0.0625 * pardt2 * o.betao * (13.0 - 78.0 * o.theta2 + 137.0 * theta4);
-  const double x1m5th = 1.0 - 5.0 * o.theta2;
-  k.omgdot = -0.5 * pardt1 * x1m5th + 0.0625 * pardt2 * (7.0 - 114.0 * o.theta2 + 395.0 * theta4) +
-             pardt4 * (3.0 - 36.0 * o.theta2 + 49.0 * theta4);
-  const double xhdot1 = -pardt1 * o.cosio;
-  k.xnodot = xhdot1 + (0.5 * pardt2 * (4.0 - 19.0 * o.theta2) + 2.0 * pardt4 * (3.0 - 7.0 * o.theta2)) * o.cosio;
+  const SecularRates rates = secularRates(o);
+  k.xmdot = rates.xmdot;
+  k.omgdot = rates.omgdot;
+  k.xnodot = rates.xnodot;
+  const double xhdot1 = rates.xhdot1;
 
   k.xnodcf = 3.5 * o.betao2 * xhdot1 * k.c1;
   k.t2cof = 1.5 * k.c1;

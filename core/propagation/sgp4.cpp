@@ -4,6 +4,7 @@
 
 #include "core/propagation/mean_motion_recovery.h"
 #include "core/propagation/model_constants.h"
+#include "core/propagation/secular_rates.h"
 
 namespace norvane {
 
@@ -27,7 +28,6 @@ void initialise(Sgp4Constants& k, ModelFlags& flags, const WorkingSet& w) {
   const DensityParameters density = densityParameters(o.aodp, w.eo);
 
   // Drag coefficients.
-  const double pinvsq = 1.0 / (o.aodp * o.aodp * o.betao2 * o.betao2);
   const double tsi = 1.0 / (o.aodp - density.s4);
   k.eta = o.aodp * w.eo * tsi;
   const double etasq = k.eta * k.eta;
@@ -50,18 +50,11 @@ void initialise(Sgp4Constants& k, ModelFlags& flags, const WorkingSet& w) {
                0.75 * x1mth2 * (2.0 * etasq - eeta * (1.0 + etasq)) * std::cos(2.0 * w.omegao)));
   k.c5 = 2.0 * coef1 * o.aodp * o.betao2 * (1.0 + 2.75 * (etasq + eeta) + eeta * etasq);
 
-  // Secular rates of mean anomaly, perigee and node.
-  const double theta4 = o.theta2 * o.theta2;
-  const double pardt1 = kCk2x3 * pinvsq * o.xnodp;
-  const double pardt2 = pardt1 * kCk2 * pinvsq;
-  const double pardt4 = kCk4x1p25 * pinvsq * pinvsq * o.xnodp;
-  k.xmdot = o.xnodp + 0.5 * pardt1 * o.betao * o.x3thm1 +
-            0.0625 * pardt2 * o.betao * (13.0 - 78.0 * o.theta2 + 137.0 * theta4);
-  const double x1m5th = 1.0 - 5.0 * o.theta2;
-  k.omgdot = -0.5 * pardt1 * x1m5th + 0.0625 * pardt2 * (7.0 - 114.0 * o.theta2 + 395.0 * theta4) +
-             pardt4 * (3.0 - 36.0 * o.theta2 + 49.0 * theta4);
-  const double xhdot1 = -pardt1 * o.cosio;
-  k.xnodot = xhdot1 + (0.5 * pardt2 * (4.0 - 19.0 * o.theta2) + 2.0 * pardt4 * (3.0 - 7.0 * o.theta2)) * o.cosio;
+  const SecularRates rates = secularRates(o);
+  k.xmdot = rates.xmdot;
+  k.omgdot = rates.omgdot;
+  k.xnodot = rates.xnodot;
+  const double xhdot1 = rates.xhdot1;
 
   // Remaining coefficients; C3 and XMCOF are unguarded against e = 0.
   k.omgcof = w.bstar * c3 * std::cos(w.omegao);

@@ -2,22 +2,7 @@
 # norvane-cli look --state, sun, moon and planets: keys, units and the quirks they show.
 set -u
 cli=$1
-failures=0
-passes=0
-
-check() {  # check NAME EXPECTED-STATUS EXPECTED-SUBSTRING -- COMMAND...
-  local name=$1 status=$2 want=$3
-  shift 4
-  local out rc
-  out=$("$@" 2>&1)
-  rc=$?
-  if [ "$rc" != "$status" ] || [[ "$out" != *"$want"* ]]; then
-    echo "FAIL $name: status $rc (want $status), output: ${out:0:400}"
-    failures=$((failures + 1))
-  else
-    passes=$((passes + 1))
-  fi
-}
+source "$(dirname "$0")/check.sh"
 
 j2000=(--jd 2451545 --lat 0 --lon -10 --alt 0)
 overhead=56.274544,-6999.773795,0,0,0,0  # 621.863 km above 0 N 10 W at J2000
@@ -40,5 +25,4 @@ check planets_pluto 0 '{"name":"Pluto          "' -- "$cli" --json planets --jd 
 check planets_usage 2 'missing option --alt' -- "$cli" planets --jd 2451545 --lat 0 --lon 0
 check sun_badnumber 1 'not a number' -- "$cli" sun --jd 2451545 --lat north --lon 0 --alt 0
 
-echo "$passes passed, $failures failed"
-[ "$failures" = 0 ]
+finish

@@ -3,22 +3,7 @@
 set -u
 cli=$1
 data=$2
-failures=0
-passes=0
-
-check() {  # check NAME EXPECTED-STATUS EXPECTED-SUBSTRING -- COMMAND...
-  local name=$1 status=$2 want=$3
-  shift 4
-  local out rc
-  out=$("$@" 2>&1)
-  rc=$?
-  if [ "$rc" != "$status" ] || [[ "$out" != *"$want"* ]]; then
-    echo "FAIL $name: status $rc (want $status), output: ${out:0:400}"
-    failures=$((failures + 1))
-  else
-    passes=$((passes + 1))
-  fi
-}
+source "$(dirname "$0")/check.sh"
 
 check jd2000 0 '{"jd":2451545,"gmst":4.89496121278' -- "$cli" --json time --date 2000-01-01 --time 12:00:00
 check leapquirk 0 '"jd":2454498.5' -- "$cli" --json time --date 2008-02-01 --time 00:00:00
@@ -32,5 +17,4 @@ check usage 2 'missing option --tle' -- "$cli" elements
 check unknown 2 'unknown subcommand' -- "$cli" frobnicate
 check help 0 'elements --tle FILE' -- "$cli" --help
 
-echo "$passes passed, $failures failed"
-[ "$failures" = 0 ]
+finish

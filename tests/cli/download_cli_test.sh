@@ -10,19 +10,7 @@ server_pid=$!
 trap 'kill $server_pid 2>/dev/null; rm -rf "$work"' EXIT
 for _ in $(seq 50); do [ -s "$work/port" ] && break; sleep 0.1; done
 base="http://127.0.0.1:$(head -n 1 "$work/port")"
-failures=0
-
-check() {  # check NAME EXPECTED-STATUS EXPECTED-SUBSTRING -- COMMAND...
-  local name=$1 status=$2 want=$3
-  shift 4
-  local out rc
-  out=$("$@" 2>&1)
-  rc=$?
-  if [ "$rc" != "$status" ] || [[ "$out" != *"$want"* ]]; then
-    echo "FAIL $name: status $rc (want $status), output: ${out:0:400}"
-    failures=$((failures + 1))
-  fi
-}
+source "$(dirname "$0")/check.sh"
 
 check visual 0 "{\"count\":144,\"path\":\"$work/visual.txt\",\"iridium\":0}" -- \
   "$cli" --json download --server "$base/ok" --category visual --out "$work"
@@ -35,5 +23,4 @@ check unknown 1 'unknown category' -- "$cli" download --category nothing --out "
 check usage 2 'missing option --category' -- "$cli" download
 cmp -s "$work/visual.txt" "$data/visual_2017-04-14.txt" || { echo "FAIL copy differs"; failures=$((failures + 1)); }
 [ -e "$work/geo.txt" ] && { echo "FAIL failed downloads left geo.txt"; failures=$((failures + 1)); }
-echo "$failures failed"
-[ "$failures" = 0 ]
+finish

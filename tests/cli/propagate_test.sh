@@ -3,22 +3,7 @@
 set -u
 cli=$1
 tle=$2
-failures=0
-passes=0
-
-check() {  # check NAME EXPECTED-STATUS EXPECTED-SUBSTRING -- COMMAND...
-  local name=$1 status=$2 want=$3
-  shift 4
-  local out rc
-  out=$("$@" 2>&1)
-  rc=$?
-  if [ "$rc" != "$status" ] || [[ "$out" != *"$want"* ]]; then
-    echo "FAIL $name: status $rc (want $status), output: ${out:0:400}"
-    failures=$((failures + 1))
-  else
-    passes=$((passes + 1))
-  fi
-}
+source "$(dirname "$0")/check.sh"
 
 # Within metres of the report's printed values (x 2456.10705566 and 2456.04577637 km).
 check sgp4 0 '{"x":2456.10' -- "$cli" --json propagate --tle "$tle" --index 0 --tsince 360
@@ -37,5 +22,4 @@ check bothtimes 2 'give one of --jd and --tsince' -- "$cli" propagate --tle "$tl
 check notime 2 'give one of --jd and --tsince' -- "$cli" propagate --tle "$tle" --index 0
 check badtime 1 'not a number' -- "$cli" propagate --tle "$tle" --index 0 --tsince abc
 
-echo "$passes passed, $failures failed"
-[ "$failures" = 0 ]
+finish
