@@ -6,6 +6,7 @@
 #include <string>
 
 #include "cli/command.h"
+#include "cli/message_capture.h"
 #include "cli/observer_args.h"
 #include "cli/output.h"
 #include "core/elements/element_file.h"
@@ -20,13 +21,6 @@
 
 namespace norvane::cli {
 namespace {
-
-class StderrSink : public MessageSink {
- public:
-  void show(const std::string& text, const std::string&, MessageIcon icon) override {
-    if (icon == MessageIcon::Stop) std::fprintf(stderr, "%s\n", text.c_str());
-  }
-};
 
 // A clock that never moves, so that NMEA time stamps are reproducible.
 class StillClock : public Clock {
@@ -119,9 +113,11 @@ int runRender(const Args& args) {
   }
   const std::string out = required(args, "out");
   auto catalogue = std::make_unique<Catalogue>();
-  StderrSink sink;
+  MessageCapture sink;
   const std::string tle = required(args, "tle");
-  if (!openElementFile(*catalogue, sink, tle)) return 1;
+  const bool opened = openElementFile(*catalogue, sink, tle);
+  sink.printErrors();
+  if (!opened) return 1;
   for (int i = 0; i < catalogue->satelliteCount && i < kSelectionFlags; ++i) {
     catalogue->selected[static_cast<std::size_t>(i)] = 1;
   }
@@ -148,7 +144,9 @@ int runRender(const Args& args) {
 
   DrawingSurface surface = MakeOffscreenSurface();
   auto skins = std::make_unique<Skins>();
-  LoadSkins(*skins, surface, skinFolder(args), sink);
+  MessageCapture skinMessages;
+  LoadSkins(*skins, surface, skinFolder(args), skinMessages);
+  skinMessages.printErrors();
   auto caches = std::make_unique<ViewCaches>();
   ViewWorld world{app, *catalogue, settings, gps, *skins, *caches, surface, nullptr};
   if (view == "sky") PaintSky(world);
