@@ -210,7 +210,7 @@ void DrawReadouts(ViewWorld& world) {
   const AppState& app = world.app;
   const int index = app.currentSatellite >= 0 && app.currentSatellite < kCatalogueSlots ? app.currentSatellite : 0;
   const Satellite& sat = world.catalogue.satellites[static_cast<std::size_t>(index)];
-  DrawLabel(surface, 1, 1, 25, kTitleColor, "%s nr.%d", sat.name.data(), sat.catnr);
+  DrawLabel(surface, 1, 1, 25, kTitleColor, "%.25s nr.%d", sat.name.data(), sat.catnr);
   FillRect(surface, 135, 10, 10, 55, Rgb(200, 0, 0));
   DrawLabel(surface, 136, 1, 15, kTitleColor, "%s", ClockLabel(app.simulationMode));
   int hour = 0, minute = 0, second = 0;

@@ -108,7 +108,7 @@ void DrawSatelliteTexts(SkyPaint& s) {
           ? s.world.app.currentSatellite
           : 0)];
   const LookAngles& look = s.current.look;
-  DrawLabel(sf, 1, 1, 25, kClockColor, "%s nr.%d", sat.name.data(), sat.catnr);
+  DrawLabel(sf, 1, 1, 25, kClockColor, "%.25s nr.%d", sat.name.data(), sat.catnr);
   DrawLabel(sf, 1, 15, 39, kLookColor, "Azm. %3.1f~ Elv. %3.1f~ Range %6.2fkm", look.azimuth / kDegree,
             look.elevation / kDegree, look.range);
   DrawLabel(sf, 1, 25, 35, kLookColor, "vel %3.2fkm/s alt %5.2fkm", s.current.vel.w, s.current.subPoint.alt);
