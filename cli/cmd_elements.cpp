@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "cli/command.h"
-#include "cli/message_capture.h"
+#include "cli/catalogue_args.h"
 #include "cli/output.h"
 #include "core/elements/element_file.h"
 
@@ -28,17 +28,13 @@ Record satelliteRecord(int slot, const Satellite& sat) {
 }
 
 int runElements(const Args& args) {
-  const std::string path = required(args, "tle");
-  auto catalogue = std::make_unique<Catalogue>();
-  MessageCapture sink;
-  const bool opened = openElementFile(*catalogue, sink, path);
-  sink.printErrors();
-  if (!opened) return 1;
+  std::string message;
+  const auto catalogue = catalogueFrom(args, &message);
   for (int slot = 0; slot < catalogue->satelliteCount; ++slot) {
     satelliteRecord(slot, catalogue->satellites[static_cast<std::size_t>(slot)]).print(stdout, args.json);
   }
   Record summary;
-  summary.add("count", catalogue->satelliteCount).add("message", sink.information);
+  summary.add("count", catalogue->satelliteCount).add("message", message);
   summary.print(stdout, args.json);
   return 0;
 }

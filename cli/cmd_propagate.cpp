@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "cli/command.h"
-#include "cli/message_capture.h"
+#include "cli/catalogue_args.h"
 #include "cli/output.h"
 #include "core/elements/element_file.h"
 #include "core/propagation/propagate.h"
@@ -14,16 +14,11 @@ namespace {
 
 
 int runPropagate(const Args& args) {
-  const std::string path = required(args, "tle");
   const int index = requiredInt(args, "index");
   if (args.has("jd") == args.has("tsince")) throw UsageError{"give one of --jd and --tsince"};
   const double time = args.has("jd") ? requiredDouble(args, "jd") : requiredDouble(args, "tsince");
 
-  auto catalogue = std::make_unique<Catalogue>();
-  MessageCapture sink;
-  const bool opened = openElementFile(*catalogue, sink, path);
-  sink.printErrors();
-  if (!opened) return 1;
+  const auto catalogue = catalogueFrom(args);
   if (index < 0 || index >= catalogue->satelliteCount) {
     throw InputError{"--index " + std::to_string(index) + " is not a loaded satellite (" +
                      std::to_string(catalogue->satelliteCount) + " loaded)"};

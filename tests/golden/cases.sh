@@ -10,5 +10,6 @@ declare -A golden_cases=(
   [map_hst_tap]="map $g_common --current 0 --select 0,73,106 --tap 84,295"
   [gps_fix]="gps $g_common $g_gps"
   [gps_off]="gps $g_common"
+  [sky_iridium]="sky --tle $root/data/iridium_2014-06-21.txt --jd 2456830.4 --lat 54.3023 --lon 10.1247 --alt 0.03 --skins $root/data/skins --current 3"
   [orbit_iss]="orbit $g_common --current 106 --settings $root/tests/golden/planets.settings"
 )

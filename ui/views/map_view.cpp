@@ -16,6 +16,7 @@
 #include "ui/surface/primitives.h"
 #include "ui/surface/text.h"
 #include "ui/views/map_projection.h"
+#include "core/analysis/eclipse.h"
 #include "ui/views/view_analysis.h"
 
 namespace norvane {
@@ -88,7 +89,7 @@ void DrawGroundTrack(ViewWorld& world, int index) {
     StateVector sun;
     SunPosition(t, sun);
     double depth = 0.0;
-    const std::uint32_t rgb = ViewEclipsed(sat.position, sun, depth) == 1 ? kShadowTrackColor : kSunlitTrackColor;
+    const std::uint32_t rgb = SatEclipsed(sat.position, sun, depth) == 1 ? kShadowTrackColor : kSunlitTrackColor;
     if (std::abs(previous.y - q.y) < 150 && previous.y != 0) DrawLine(world.surface, previous, q, rgb);
     previous = q;
   }

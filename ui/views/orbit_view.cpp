@@ -20,6 +20,7 @@
 #include "ui/surface/text.h"
 #include "ui/views/label.h"
 #include "ui/views/pixel_cast.h"
+#include "core/analysis/eclipse.h"
 #include "ui/views/view_analysis.h"
 
 namespace norvane {
@@ -250,7 +251,7 @@ void BuildOrbitScene(ViewWorld& world) {
     VecMagnitude(pos);
     SunPosition(t, sun);
     double depth = 0.0;
-    const bool shadow = ViewEclipsed(pos, sun, depth) == 1;
+    const bool shadow = SatEclipsed(pos, sun, depth) == 1;
     scene.radius = std::fmax(scene.radius, pos.w);
     // The length's sign carries the eclipse test for the painter.
     pos.w = shadow ? -pos.w : pos.w;

@@ -22,6 +22,7 @@
 #include "ui/surface/text.h"
 #include "ui/views/label.h"
 #include "ui/views/sky_projection.h"
+#include "core/analysis/eclipse.h"
 #include "ui/views/view_analysis.h"
 
 namespace norvane {
@@ -303,7 +304,7 @@ void DrawTrack(SkyPaint& s) {
       StateVector sun;
       SunPosition(t, sun);
       double depth = 0.0;
-      const bool shadow = ViewEclipsed(pos, sun, depth) == 1;
+      const bool shadow = SatEclipsed(pos, sun, depth) == 1;
       const bool ahead = minutes > 0.0;
       const std::uint32_t rgb = shadow ? (ahead ? Rgb(0, 0, 120) : Rgb(0, 0, 90))
                                        : (ahead ? Rgb(240, 240, 1) : Rgb(100, 100, 20));

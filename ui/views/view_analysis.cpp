@@ -1,40 +1,41 @@
 #include "ui/views/view_analysis.h"
 
-#include "core/astro/numeric.h"
+#include "core/analysis/flares.h"
+#include "core/analysis/magnitude.h"
 #include "core/astro/observer.h"
 #include "core/astro/sub_satellite_point.h"
-#include "core/astro/sun.h"
 #include "core/astro/vector_math.h"
 #include "core/propagation/propagate.h"
 
 namespace norvane {
 
-int ViewEclipsed(const StateVector& satPos, const StateVector& sun, double& depth) {
-  const double rhoEarth = ArcSin(6378.137 / satPos.w);
-  StateVector toSun;
-  Vec_Sub(sun, satPos, toSun);
-  const double rhoSun = ArcSin(696000.0 / toSun.w);
-  StateVector toEarth;
-  Scalar_Multiply(-1.0, satPos, toEarth);
-  const double theta = Angle(sun, toEarth);
-  depth = rhoEarth - rhoSun - theta;
-  return rhoEarth >= rhoSun && depth >= 0.0 ? 1 : 0;
-}
-
 void ReadCurrentSatellite(ViewWorld& world, SatelliteReading& reading) {
   const double jd = world.app.currentTime;
   ViewCaches& caches = world.caches;
-  propagate(caches.models, world.catalogue, jd, caches.work, world.app.currentSatellite, reading.vel, reading.pos,
-            0, world.settings.s4s8);
+  const int index = world.app.currentSatellite;
+  MagnitudeResult light;
+  const PropagationArgs args{caches.models, world.catalogue, caches.work, index, 0, world.settings.s4s8};
+  reading.magnitude = SatelliteMagnitude(jd, args, world.app.observer, caches.look, light);
+  reading.pos = light.satPos;
+  reading.vel = light.satVel;
   VecMagnitude(reading.pos);
   VecMagnitude(reading.vel);
+  reading.eclipsed = light.eclipsed;
+  reading.depth = light.depth;
+  if (light.eclipsed == 0) caches.sunlight = {light.illumination, light.phaseAngle};
   LookAnglesOf(jd, reading.pos, reading.vel, world.app.observer, caches.look, reading.look, true,
                world.settings.flagRefraction != 0);
   SubSatellitePoint(jd, reading.pos, reading.subPoint);
-  StateVector sun;
-  SunPosition(jd, sun);
-  reading.eclipsed = ViewEclipsed(reading.pos, sun, reading.depth);
-  reading.magnitude = 100.0;
+  reading.flareMagnitude = kNoReflection;
+  reading.flareAngle = kNoReflection;
+  reading.antenna = 0;
+  if (world.app.iridiumFile == 0) return;
+  StateVector obsPos, obsVel;
+  ObserverPosVel(jd, world.app.observer, obsPos, obsVel);
+  double psi = 0.0;
+  std::int16_t antenna = 0;
+  reading.flareMagnitude = FlareMagnitude(light.sun, reading.pos, reading.vel, obsPos, psi, reading.flareAngle, antenna);
+  reading.antenna = antenna;
 }
 
 }  // namespace norvane

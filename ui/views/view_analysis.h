@@ -22,12 +22,10 @@ struct SatelliteReading {
   int antenna = 0;                // 1 Front, 2 Left, 3 Right
 };
 
-// 1 when the satellite position (km, with its length) is in the Earth's umbra
-// for the Sun vector (km, with its length); depth in radians either way.
-int ViewEclipsed(const StateVector& satPos, const StateVector& sun, double& depth);
-
-// Propagates the current satellite to the world's time and fills the reading;
-// the sunlight figures in the caches are updated while the satellite is lit.
+// Propagates the current satellite to the world's time and fills the reading:
+// look angles with the refraction setting, sunlight and magnitude, and with an
+// Iridium file the flare figures. The sunlight figures in the caches are
+// updated only while the satellite is lit.
 void ReadCurrentSatellite(ViewWorld& world, SatelliteReading& reading);
 
 }  // namespace norvane

@@ -1,0 +1,26 @@
+#!/usr/bin/env bash
+# norvane-cli passes and look --tle: keys, row texts, limits and usage errors.
+set -u
+cli=$1
+data=$2
+source "$(dirname "$0")/check.sh"
+
+visual=(--tle "$data/visual_2017-04-14.txt")
+london=(--lat 51.5 --lon -0.1 --alt 0.05)
+iss=("${visual[@]}" --index 106 --jd 2457858.2748 "${london[@]}")
+
+check look_entry_geometry 0 '{"azimuth":279.4326' -- "$cli" --json look "${iss[@]}"
+check look_entry_visibility 0 '"state":3,"state_text":"In sun","magnitude":-20,"illumination":0.1161' -- "$cli" --json look "${iss[@]}"
+check look_entry_flare_keys 0 '"antenna":' -- "$cli" --json look "${iss[@]}" --flares
+check look_entry_index 1 'not a loaded satellite' -- "$cli" look "${visual[@]}" --index 144 --jd 2457858 "${london[@]}"
+check look_both 2 'look needs' -- "$cli" look "${visual[@]}" --state 1,2,3,4,5,6 --index 0 --jd 2457858 "${london[@]}"
+check passes_row_limit 0 '"rows":301' -- "$cli" --json passes "${visual[@]}" --start "2017-04-14 12:00:00" --hours 24 "${london[@]}"
+check passes_row_texts 0 '"local_time":"2017-4-14 14:' -- "$cli" --json passes "${visual[@]}" --start "2017-04-14 14:00:00" --hours 1 --utc-shift 2 "${london[@]}" --select 106
+check passes_sat_blanks 0 '"sat":"ISS (ZARYA)               "' -- "$cli" --json passes "${visual[@]}" --start "2017-04-14 18:30:00" --hours 2 "${london[@]}" --select 106
+check passes_flares 0 '"state":5,"state_text":"Flare"' -- "$cli" --json passes --tle "$data/iridium_2014-06-21.txt" --start "2014-06-21 00:00:00" --hours 24 "${london[@]}" --flares
+check passes_zero_span 0 '"rows":0' -- "$cli" --json passes "${visual[@]}" --start "2017-04-14 12:00:00" --hours 0 "${london[@]}" --select 106
+check passes_bad_select 1 'no selection flag' -- "$cli" passes "${visual[@]}" --start "2017-04-14 12:00:00" --hours 1 "${london[@]}" --select 180
+check passes_bad_start 1 'cannot read' -- "$cli" passes "${visual[@]}" --start "2017-04-14" --hours 1 "${london[@]}"
+check passes_usage 2 'missing option --hours' -- "$cli" passes "${visual[@]}" --start "2017-04-14 12:00:00" "${london[@]}"
+
+finish

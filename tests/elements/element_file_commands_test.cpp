@@ -1,0 +1,139 @@
+#include "core/elements/element_file_commands.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "core/elements/selection_file.h"
+#include "settings/memory_settings_store.h"
+#include "tle_fixtures.h"
+
+namespace norvane {
+namespace {
+
+struct Messages : MessageSink {
+  std::vector<std::string> texts, titles;
+  void show(const std::string& text, const std::string& title, MessageIcon) override {
+    texts.push_back(text);
+    titles.push_back(title);
+  }
+};
+
+class ElementFileCommands : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    char pattern[] = "/tmp/norvane-open-XXXXXX";
+    ASSERT_NE(mkdtemp(pattern), nullptr);
+    folder = pattern;
+  }
+  void TearDown() override { std::system(("rm -rf " + folder).c_str()); }
+  std::string file(const std::string& name, int entries = 2) {
+    const std::string path = folder + "/" + name;
+    std::ofstream out(path, std::ios::binary);
+    for (int i = 0; i < entries; ++i) out << test::issEntry();
+    return path;
+  }
+  std::string folder;
+  ElementFileState state;
+  Settings settings;
+  MemorySettingsStore store;
+  Messages messages;
+  std::unique_ptr<Catalogue> catalogue = std::make_unique<Catalogue>();
+};
+
+TEST_F(ElementFileCommands, OpenTakesEitherCaseIridiumAndLowerCaseGps) {
+  settings.flares = 1;
+  settings.satDisplay = 4;
+  state.tapPicked = 1;
+  state.viewMatrix[1] = 0.5;
+  BeginOpenCommand(state, settings);
+  EXPECT_EQ(settings.satDisplay, 0);
+  EXPECT_EQ(OpenChosenFile(state, *catalogue, settings, store, messages, file("Iridium.txt")), 2);
+  EXPECT_EQ(state.iridiumFile, 1);
+  EXPECT_EQ(settings.flares, 1);
+  EXPECT_EQ(state.tapPicked, 0);
+  EXPECT_EQ(state.viewMatrix[1], 0.0);
+  EXPECT_EQ(settings.downlink, 130.0);
+  ASSERT_EQ(messages.texts.size(), 1u);
+  EXPECT_EQ(messages.texts[0], "Data of 2 satellites successfully read from " + folder + "/Iridium.txt");
+  EXPECT_EQ(messages.titles[0], "Info");
+  EXPECT_EQ(settings.lastOpen, folder + "/Iridium.txt");
+  EXPECT_EQ(store.values.count("Last_Open"), 1u);
+
+  BeginOpenCommand(state, settings);
+  OpenChosenFile(state, *catalogue, settings, store, messages, file("gps-ops.txt"));
+  EXPECT_EQ(state.iridiumFile, 0);
+  EXPECT_EQ(settings.flares, 0);
+  EXPECT_EQ(settings.downlink, 1227.6);
+  EXPECT_EQ(settings.uplink, 1575.42);
+  OpenChosenFile(state, *catalogue, settings, store, messages, file("GPS-ops.txt"));
+  EXPECT_EQ(settings.downlink, 130.0);
+  EXPECT_EQ(settings.uplink, 138.0);
+}
+
+TEST_F(ElementFileCommands, OpenOfAMissingFileGoesOnWithNothing) {
+  catalogue->satelliteCount = 3;
+  EXPECT_EQ(OpenChosenFile(state, *catalogue, settings, store, messages, folder + "/gone.tle"), 0);
+  const std::vector<std::string> want{"I can't open the file!", "Read failed!",
+                                      "Data of 0 satellites successfully read from " + folder + "/gone.tle"};
+  EXPECT_EQ(messages.texts, want);
+  EXPECT_EQ(catalogue->satelliteCount, 0);
+}
+
+TEST_F(ElementFileCommands, StartUpTakesOnlyLowerCaseIridium) {
+  settings.flares = 1;
+  settings.lastOpen = file("Iridium.txt");
+  StartUpElementFiles(state, *catalogue, settings, messages, folder);
+  EXPECT_EQ(state.iridiumFile, 0);
+  EXPECT_EQ(settings.flares, 0);
+  EXPECT_EQ(messages.titles.back(), "Info.");
+  EXPECT_EQ(messages.texts.back().back(), '.');
+
+  settings.flares = 1;
+  settings.lastOpen = file("iridium.txt");
+  StartUpElementFiles(state, *catalogue, settings, messages, folder);
+  EXPECT_EQ(state.iridiumFile, 1);
+  EXPECT_EQ(settings.flares, 1);
+}
+
+TEST_F(ElementFileCommands, FirstStartKeepsTheBlankEntry) {
+  catalogue->satelliteCount = 1;
+  catalogue->selected[0] = 1;
+  StartUpElementFiles(state, *catalogue, settings, messages, folder);
+  ASSERT_EQ(messages.texts.size(), 1u);
+  EXPECT_EQ(messages.texts[0], "I can't open the file!");
+  EXPECT_EQ(catalogue->satelliteCount, 1);
+  EXPECT_EQ(catalogue->selected[0], 1);
+}
+
+TEST_F(ElementFileCommands, SelectionSurvivesExitAndAppliesSlotBySlot) {
+  settings.lastOpen = file("a.txt", 181);
+  StartUpElementFiles(state, *catalogue, settings, messages, folder);
+  ASSERT_EQ(catalogue->satelliteCount, 181);  // the 181st has no selection flag
+  catalogue->selected[1] = 0;
+  catalogue->selected[179] = 0;
+  ASSERT_TRUE(ExitElementFiles(*catalogue, settings, store, messages, folder));
+  EXPECT_EQ(store.writes, 1);
+
+  auto next = std::make_unique<Catalogue>();
+  settings.lastOpen = file("b.txt", 3);
+  StartUpElementFiles(state, *next, settings, messages, folder);
+  EXPECT_EQ(next->satelliteCount, 3);
+  EXPECT_EQ(next->selected[0], 1);
+  EXPECT_EQ(next->selected[1], 0);
+  EXPECT_EQ(next->selected[5], 1);  // flags beyond the file apply as stored
+  EXPECT_EQ(next->selected[179], 0);
+
+  messages.texts.clear();
+  EXPECT_FALSE(ExitElementFiles(*next, settings, store, messages, ""));
+  EXPECT_EQ(messages.texts, std::vector<std::string>{"Incorrect Norvane pragram path!"});
+  EXPECT_EQ(store.writes, 2);
+}
+
+}  // namespace
+}  // namespace norvane
