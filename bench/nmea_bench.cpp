@@ -38,7 +38,7 @@ class ZeroClock : public Clock {
 };
 
 void DecodeRmc(benchmark::State& state) {
-  const std::string rmc = kSecond.substr(0, kSecond.find('\r')) + std::string("\r\n", 3);
+  const std::string rmc = kSecond.substr(0, kSecond.find('\r')) + std::string("\r\n");
   GpsData gps;
   ZeroClock clock;
   for (auto _ : state) {

@@ -20,7 +20,7 @@ std::string fileText(const char* name) {
   return text.str();
 }
 
-void search(benchmark::State& bench, const std::string& text, PassSearchOptions options) {
+void search(benchmark::State& bench, const std::string& text, const PassSearchOptions& options) {
   auto catalogue = std::make_unique<Catalogue>();
   loadElementText(*catalogue, text);
   // Every slot searched, the 181st included as far as the flags reach.

@@ -87,7 +87,7 @@ int DecodeGsv(Sentence s, GpsData& gps, Clock&) {
   if (number < 1 || number > messages || number >= 5) return kNmeaNothing;
   gps.satellitesInView = static_cast<std::int16_t>(FieldInt(s, 3));
   for (int i = 0; i < 4; ++i) {
-    const auto slot = static_cast<std::size_t>((number - 1) * 4 + i);
+    const auto slot = static_cast<std::size_t>(number - 1) * 4 + static_cast<std::size_t>(i);
     gps.prn[slot] = static_cast<std::int16_t>(FieldInt(s, 4 + 4 * i));
     gps.elevation[slot] = FieldDouble(s, 5 + 4 * i) * kDegreesToRadians;
     gps.azimuth[slot] = FieldDouble(s, 6 + 4 * i) * kDegreesToRadians;

@@ -4,6 +4,7 @@ namespace norvane {
 
 const char* GpsPortName(int portIndex) {
   if (portIndex < 0 || portIndex >= static_cast<int>(kGpsPortTable.size())) return "";
+  // cppcheck-suppress CastIntegerToAddressAtReturn ; the table holds pointers, no integer is cast
   return kGpsPortTable[static_cast<std::size_t>(portIndex)];
 }
 

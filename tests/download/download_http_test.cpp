@@ -35,9 +35,10 @@ int closedPort() {
   addr.sin_family = AF_INET;
   addr.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
   socklen_t size = sizeof addr;
-  bind(fd, reinterpret_cast<sockaddr*>(&addr), size);
-  getsockname(fd, reinterpret_cast<sockaddr*>(&addr), &size);
+  const bool bound = bind(fd, reinterpret_cast<sockaddr*>(&addr), size) == 0 &&
+                     getsockname(fd, reinterpret_cast<sockaddr*>(&addr), &size) == 0;
   close(fd);
+  if (!bound) return 0;
   return ntohs(addr.sin_port);
 }
 

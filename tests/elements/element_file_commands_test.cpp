@@ -33,7 +33,7 @@ class ElementFileCommands : public ::testing::Test {
   }
   void TearDown() override { std::system(("rm -rf " + folder).c_str()); }
   std::string file(const std::string& name, int entries = 2) {
-    const std::string path = folder + "/" + name;
+    std::string path = folder + "/" + name;
     std::ofstream out(path, std::ios::binary);
     for (int i = 0; i < entries; ++i) out << test::issEntry();
     return path;

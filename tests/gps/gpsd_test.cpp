@@ -56,11 +56,12 @@ int FreeLoopbackPort() {
 // gpsd in the foreground on 127.0.0.1:port, reading one device; ended by its pid.
 class Gpsd {
  public:
-  Gpsd(const std::string& program, int port, const std::string& device) {
-    control_ = "/tmp/norvane-gpsd-test-" + std::to_string(::getpid()) + ".sock";
+  Gpsd(const std::string& program, int port, const std::string& device)
+      : control_("/tmp/norvane-gpsd-test-" + std::to_string(::getpid()) + ".sock") {
     const std::string portText = std::to_string(port);
     std::vector<std::string> args = {program, "-N", "-n", "-b", "-S", portText, "-F", control_, device};
     std::vector<char*> argv;
+    argv.reserve(args.size() + 1);
     for (std::string& a : args) argv.push_back(a.data());
     argv.push_back(nullptr);
     posix_spawn_file_actions_t actions;
@@ -114,7 +115,7 @@ TEST(Gpsd, ThreadReadsRawNmeaThroughARealGpsd) {
   ASSERT_GT(port, 0);
   Gpsd gpsd(program, port, end.path());
   ASSERT_TRUE(gpsd.started());
-  Receiver receiver(end, log, 200us);
+  Receiver receiver(end, log, std::chrono::microseconds(200));
 
   SteadyClock clock;
   GpsThread thread(clock);

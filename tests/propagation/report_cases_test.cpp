@@ -18,8 +18,8 @@ struct Difference {
 
 double distance(const StateVector& a, const std::vector<double>& row, int first) {
   const double dx = a.x - row[static_cast<std::size_t>(first)];
-  const double dy = a.y - row[static_cast<std::size_t>(first + 1)];
-  const double dz = a.z - row[static_cast<std::size_t>(first + 2)];
+  const double dy = a.y - row[static_cast<std::size_t>(first) + 1];
+  const double dz = a.z - row[static_cast<std::size_t>(first) + 2];
   return std::sqrt(dx * dx + dy * dy + dz * dz);
 }
 

@@ -93,7 +93,7 @@ TEST(EncodePng, WritesAValidDeterministicImage) {
   EXPECT_EQ(std::memcmp(png.data(), header, sizeof header), 0);
 #ifdef NORVANE_HAVE_ZLIB
   const std::vector<std::uint8_t> idat(png.begin() + 41, png.end() - 16);
-  const std::vector<std::uint8_t> rows = Inflate(idat, 320 * 721);
+  const std::vector<std::uint8_t> rows = Inflate(idat, std::size_t{320} * 721);
   ASSERT_EQ(rows.size(), 320u * 721u);
   const std::uint16_t pixel = PixelAt(surface, 17, 33);
   const std::size_t at = 33 * 721 + 1 + 17 * 3;

@@ -7,7 +7,7 @@
 namespace norvane {
 
 namespace {
-constexpr std::int64_t kMaxPixels = 16 * 1024 * 1024;
+constexpr std::int64_t kMaxPixels = std::int64_t{16} * 1024 * 1024;
 
 std::int64_t OffsetOf(const DrawingSurface& surface, std::int64_t x, std::int64_t y) {
   return x * surface.xStep + y * surface.yStep;

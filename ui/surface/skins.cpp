@@ -26,7 +26,7 @@ Image MarkImage(const DrawingSurface& surface, const std::uint32_t* rgb, std::in
   Image image;
   image.width = side;
   image.height = side;
-  image.pixels.reserve(static_cast<std::size_t>(side * side));
+  image.pixels.reserve(static_cast<std::size_t>(side) * static_cast<std::size_t>(side));
   for (std::int32_t i = 0; i < side * side; ++i) image.pixels.push_back(ColorOf(surface, rgb[i]));
   return image;
 }
