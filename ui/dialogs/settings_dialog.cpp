@@ -5,9 +5,11 @@
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QGroupBox>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "settings/settings_io.h"
 #include "ui/dialogs/dialog_support.h"
@@ -64,8 +66,12 @@ SettingsDialog::SettingsDialog(Settings& settings, SettingsStore& store, std::ui
   test_ = box("check1026", "test", modelComparison == 1);
 
   auto* radio = new QFormLayout;
-  radio->addRow(QStringLiteral("Uplink"), uplink_);
-  radio->addRow(QStringLiteral("Downlink"), downlink_);
+  for (auto [text, edit] : {std::pair{"Uplink", uplink_}, std::pair{"Downlink", downlink_}}) {
+    auto* row = new QHBoxLayout;
+    row->addWidget(edit);
+    row->addWidget(new QLabel(QStringLiteral("MHz"), this));
+    radio->addRow(QString::fromLatin1(text), row);
+  }
   auto* sky = new QGroupBox(QStringLiteral("Sky view"), this);
   auto* skyLayout = new QVBoxLayout(sky);
   auto* starsRow = new QFormLayout;
@@ -82,7 +88,6 @@ SettingsDialog::SettingsDialog(Settings& settings, SettingsStore& store, std::ui
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   auto* layout = new QVBoxLayout(this);
   layout->addLayout(radio);
-  layout->addWidget(new QLabel(QStringLiteral("MHz"), this));
   layout->addWidget(sky);
   layout->addWidget(predict);
   layout->addWidget(buttons);
