@@ -1,0 +1,98 @@
+#include "ui/dialogs/gps_settings_dialog.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "gps/gps_receiver.h"
+#include "settings/settings_io.h"
+#include "ui/dialogs/dialog_support.h"
+
+namespace norvane {
+
+GpsSettingsDialog::GpsSettingsDialog(const GpsDialogContext& context, QWidget* parent)
+    : QDialog(parent), context_(context) {
+  setWindowTitle(QStringLiteral("GPS settings"));
+  const GpsSettings& gps = context.gps;
+  track_ = Named(new QCheckBox(QStringLiteral("Track GPS"), this), "check1049");
+  track_->setChecked(gps.tracking == 1);
+  compass_ = Named(new QCheckBox(QStringLiteral("Auto Compass"), this), "check1059");
+  compass_->setChecked(gps.autoCompass != 0);
+  altReading_ = Named(new QCheckBox(QStringLiteral("Another reading from GPS"), this), "check1063");
+  altReading_->setChecked(gps.altReading != 0);
+  acceptGn_ = Named(new QCheckBox(QStringLiteral("Accept GNSS talker (GN)"), this), "check1065");
+  acceptGn_->setChecked(context.settings.gpsAcceptGN != 0);
+
+  port_ = Named(new QComboBox(this), "combo1054");
+  for (const char* name : kGpsPortTable) port_->addItem(QString::fromLatin1(name));
+  port_->setCurrentIndex(gps.portIndex >= 0 && gps.portIndex < port_->count() ? gps.portIndex : -1);
+  baud_ = Named(new QComboBox(this), "combo1056");
+  for (int i = 0; i < kGpsBaudChoices; ++i) baud_->addItem(QString::fromLatin1(kGpsBaudTable[i].text));
+  baud_->setCurrentIndex(gps.baudIndex >= 0 && gps.baudIndex < kGpsBaudChoices ? gps.baudIndex : -1);
+
+  auto* test = Named(new QPushButton(QStringLiteral("Test GPS"), this), "button1043");
+  auto* note = new QLabel(QStringLiteral("Use this reading method from COM port only when it does't work."), this);
+  note->setWordWrap(true);
+  connect(track_, &QCheckBox::clicked, this, [this](bool checked) { trackingClicked(checked); });
+  connect(test, &QPushButton::clicked, this, [this] { testPort(); });
+
+  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+  connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  auto* form = new QFormLayout;
+  form->addRow(QStringLiteral("Port"), port_);
+  form->addRow(QStringLiteral("Baud"), baud_);
+  auto* layout = new QVBoxLayout(this);
+  layout->addWidget(track_);
+  layout->addWidget(compass_);
+  layout->addLayout(form);
+  layout->addWidget(test);
+  layout->addWidget(altReading_);
+  layout->addWidget(note);
+  layout->addWidget(acceptGn_);
+  layout->addWidget(buttons);
+}
+
+void GpsSettingsDialog::trackingClicked(bool checked) {
+  context_.gps.tracking = checked ? 1 : 0;
+  context_.app.gpsTracking = context_.gps.tracking;
+  context_.thread.configure(context_.gps, context_.ports);
+}
+
+void GpsSettingsDialog::takeChoices() {
+  context_.gps.portIndex = port_->currentIndex();
+  context_.gps.baudIndex = baud_->currentIndex();
+  context_.settings.gpsPort = context_.gps.portIndex;
+  context_.settings.gpsSpeed = context_.gps.baudIndex;
+}
+
+void GpsSettingsDialog::testPort() {
+  takeChoices();
+  TestGpsPort(context_.thread, context_.gps, context_.ports, context_.messages);
+}
+
+void GpsSettingsDialog::accept() {
+  GpsSettings& gps = context_.gps;
+  gps.tracking = track_->isChecked() ? 1 : 0;
+  gps.autoCompass = compass_->isChecked() ? 1 : 0;
+  gps.altReading = altReading_->isChecked() ? 1 : 0;
+  gps.acceptGn = acceptGn_->isChecked() ? 1 : 0;
+  takeChoices();
+  context_.app.gpsTracking = gps.tracking;
+  context_.settings.gpsCompass = gps.autoCompass;
+  context_.settings.gpsAcceptGN = gps.acceptGn;
+  saveGpsGroup(context_.settings, context_.store);
+  context_.thread.configure(gps, context_.ports);
+  QDialog::accept();
+}
+
+bool runGpsSettingsDialog(QWidget* parent, const GpsDialogContext& context) {
+  GpsSettingsDialog dialog(context, parent);
+  return dialog.exec() == QDialog::Accepted;
+}
+
+}  // namespace norvane
