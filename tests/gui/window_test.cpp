@@ -21,8 +21,9 @@ QApplication& App() {
   static char name[] = "window_test";
   static char* argv[] = {name, nullptr};
   qputenv("QT_QPA_PLATFORM", "offscreen");
-  static QApplication app(argc, argv);
-  return app;
+  // Kept to the end of the process: destroying it among the other statics crashes.
+  static QApplication* app = new QApplication(argc, argv);
+  return *app;
 }
 
 // A window over an in-memory settings store, recording its messages, without GPS.
