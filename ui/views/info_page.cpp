@@ -1,7 +1,6 @@
 #include "ui/views/info_page.h"
 
 #include <cmath>
-#include <cstdarg>
 #include <cstdio>
 #include <cstring>
 
@@ -27,13 +26,11 @@ constexpr double kDeg = 57.29577951308232;  // degrees per radian
 constexpr double kSpeedOfLight = 299792458.0;  // m/s
 constexpr int kShapeRecordsSearched = 1777;
 
-std::string format(const char* fmt, ...) __attribute__((format(printf, 1, 2)));
-std::string format(const char* fmt, ...) {
+// One line through the page's printf format.
+template <typename... Args>
+std::string format(const char* fmt, Args... args) {
   char buffer[256];
-  va_list args;
-  va_start(args, fmt);
-  std::vsnprintf(buffer, sizeof buffer, fmt, args);
-  va_end(args);
+  std::snprintf(buffer, sizeof buffer, fmt, args...);
   return buffer;
 }
 
