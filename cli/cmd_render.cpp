@@ -15,6 +15,7 @@
 #include "ui/surface/png_writer.h"
 #include "ui/surface/skins.h"
 #include "ui/views/gps_page.h"
+#include "ui/views/info_page.h"
 #include "ui/views/map_view.h"
 #include "ui/views/orbit_view.h"
 #include "ui/views/sky_view.h"
@@ -54,6 +55,7 @@ void applySettings(const std::string& text, Settings& settings) {
     else if (name == "s4_s8") settings.s4s8 = value;
     else if (name == "flag_refraction") settings.flagRefraction = value;
     else if (name == "Sat_Display") settings.satDisplay = value;
+    else if (name == "Flag_colors") settings.flagColors = value;
     else throw InputError{"--settings: unknown setting " + name};
   }
 }
@@ -107,8 +109,7 @@ std::string skinFolder(const Args& args) {
 int runRender(const Args& args) {
   if (args.positional.size() != 1) throw UsageError{"render needs one view: sky, map, gps, orbit or info"};
   const std::string view = args.positional[0];
-  if (view == "info") throw InputError{"render info: not available"};
-  if (view != "sky" && view != "map" && view != "gps" && view != "orbit") {
+  if (view != "info" && view != "sky" && view != "map" && view != "gps" && view != "orbit") {
     throw UsageError{"render: unknown view " + view};
   }
   const std::string out = required(args, "out");
@@ -129,8 +130,9 @@ int runRender(const Args& args) {
   if (const auto path = args.value("gps")) feedNmea(readText("gps", *path), gps);
 
   AppState app;
-  app.viewMode = view == "sky" ? ViewMode::Sky : view == "map" ? ViewMode::Map : view == "gps" ? ViewMode::Gps
-                                                                                               : ViewMode::Orbit;
+  app.viewMode = view == "sky" ? ViewMode::Sky : view == "map" ? ViewMode::Map : view == "gps"  ? ViewMode::Gps
+                : view == "info" ? ViewMode::Info
+                                 : ViewMode::Orbit;
   app.currentTime = requiredDouble(args, "jd");
   app.observer = observerFrom(args);
   app.currentSatellite = args.has("current") ? requiredInt(args, "current") : 0;
@@ -152,6 +154,11 @@ int runRender(const Args& args) {
   if (view == "sky") PaintSky(world);
   if (view == "map") PaintMap(world);
   if (view == "gps") PaintGpsPage(world, app.currentTime);
+  if (view == "info") {
+    InfoTiming timing;
+    const std::vector<InfoLine> lines = FormatInfoPage(world, settings, timing, InfoOptions{});
+    DrawInfoPage(surface, lines, InfoColoursFor(settings));
+  }
   if (view == "orbit") {
     BuildOrbitScene(world);
     PaintOrbit(world);

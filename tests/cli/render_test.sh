@@ -23,7 +23,7 @@ done
 
 check tap 0 '"current":73' -- "$cli" --json render map $g_common --select 0,73,106 --tap 84,295 --out "$work/t.png"
 check clocktap 0 '"clock":1' -- "$cli" --json render sky $g_common --tap 150,5 --out "$work/t.png"
-check info 1 'not available' -- "$cli" render info $g_common --out "$work/t.png"
+check info 0 'info' -- "$cli" render info $g_common --out "$work/t.png"
 check unknownview 2 'unknown view' -- "$cli" render globe $g_common --out "$work/t.png"
 check noview 2 'one view' -- "$cli" render $g_common --out "$work/t.png"
 echo "Colour_depth=8" > "$work/bad.settings"

@@ -1,0 +1,142 @@
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QMenuBar>
+#include <QTest>
+#include <QToolBar>
+#include <memory>
+
+#include "tests/gui/gui_fixtures.h"
+#include "ui/app/main_window.h"
+
+namespace norvane {
+namespace {
+
+using testing::RecordingSink;
+using testing::TempFolder;
+
+QApplication& App() {
+  static int argc = 1;
+  static char name[] = "window_test";
+  static char* argv[] = {name, nullptr};
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  // Kept to the end of the process: destroying it among the other statics crashes.
+  static QApplication* app = new QApplication(argc, argv);
+  return *app;
+}
+
+// A window over an in-memory settings store, recording its messages, without GPS.
+struct Window {
+  explicit Window(const std::string& name, int zoom = 2, ProgramOptions options = {}) : home(name) {
+    App();
+    SeedProgramFolder(home.path.string(), NORVANE_DATA_DIR);
+    WindowConfig config;
+    config.programFolder = home.path.string();
+    config.store = &store;
+    config.messages = &sink;
+    config.zoom = zoom;
+    config.options = std::move(options);
+    config.startGps = false;
+    window = std::make_unique<MainWindow>(config);
+    window->dialogRunner = [this](Command c) { dialogs.push_back(c); };
+    window->documentOpener = [this](const std::string& p) { documents.push_back(p); };
+    window->show();
+  }
+  TempFolder home;
+  MemorySettingsStore store;
+  RecordingSink sink;
+  std::vector<int> dialogs;
+  std::vector<std::string> documents;
+  std::unique_ptr<MainWindow> window;
+};
+
+ProgramOptions Bundled() {
+  ProgramOptions o;
+  o.tle = testing::BundledElements();
+  o.time = CalendarTime{2017, 4, 14, 20, 0, 0};
+  return o;
+}
+
+TEST(Window, MenusButtonsAndTitle) {
+  Window w("menus");
+  EXPECT_EQ(w.window->windowTitle(), "Norvane");
+  QStringList menus;
+  for (QAction* a : w.window->menuBar()->actions()) menus << a->text();
+  EXPECT_EQ(menus, (QStringList{"File", "Edit", "Help"}));
+  for (int c : {kCmdGetLast, kCmdOpen, kCmdExit, kCmdSettings, kCmdLocation, kCmdSatSelect, kCmdTleInfo, kCmdPredict,
+                kCmdGps, kCmdAbout, kCmdHelp, kCmdMapView, kCmdSkyView, kCmdOrbitView, kCmdTime, kCmdGpsView}) {
+    EXPECT_NE(w.window->action(c), nullptr) << c;
+  }
+  EXPECT_EQ(w.window->action(kCmdSatSelect)->text(), "Sat select");
+  EXPECT_EQ(w.window->findChild<QToolBar*>("buttons")->actions().size(), 5);
+  EXPECT_EQ(w.window->frame().size(), QSize(480, 640));
+}
+
+TEST(Window, FirstTickShowsTheInfoPageAndButtonsEnterFullScreen) {
+  Window w("views", 2, Bundled());
+  EXPECT_EQ(w.sink.titles, std::vector<std::string>{"Info"});  // the --tle load
+  w.window->tick({2017, 4, 14, 20, 0, 0});
+  EXPECT_EQ(w.window->state().app.viewMode, ViewMode::Info);
+  EXPECT_TRUE(w.window->frame().showingInfo());
+  EXPECT_FALSE(w.window->frame().infoLines().empty());
+  for (int c : {kCmdMapView, kCmdSkyView, kCmdOrbitView, kCmdGpsView}) {
+    w.window->action(c)->trigger();
+    EXPECT_TRUE(w.window->fullScreenView());
+    EXPECT_FALSE(w.window->menuBar()->isVisible());
+    EXPECT_FALSE(w.window->frame().showingInfo());
+    w.window->tick({2017, 4, 14, 20, 0, 0});
+    QTest::keyClick(w.window.get(), Qt::Key_Return);
+    EXPECT_EQ(w.window->state().app.viewMode, ViewMode::Info);
+    EXPECT_FALSE(w.window->fullScreenView());
+  }
+  w.window->action(kCmdTime)->trigger();
+  EXPECT_EQ(w.dialogs, std::vector<int>{kCmdTime});
+  w.window->action(kCmdHelp)->trigger();
+  EXPECT_EQ(w.documents, std::vector<std::string>{(w.home.path / "Help.htm").string()});
+}
+
+TEST(Window, TapsThroughTheZoomAndKeys) {
+  Window w("taps", 3, Bundled());
+  w.window->action(kCmdSkyView)->trigger();
+  QTest::mouseClick(&w.window->frame(), Qt::LeftButton, {}, QPoint(100 * 3 + 1, 200 * 3 + 2));
+  EXPECT_EQ(w.window->state().app.tapPoint, (Point{100, 200}));
+  QTest::keyClick(w.window.get(), Qt::Key_Down);
+  EXPECT_EQ(w.window->state().app.currentSatellite, 1);
+  QTest::mouseClick(&w.window->frame(), Qt::LeftButton, {}, QPoint(233 * 3, 3 * 3));
+  EXPECT_EQ(w.window->state().app.viewMode, ViewMode::Info);
+  w.window->action(kCmdMapView)->trigger();
+  QTest::mouseClick(&w.window->frame(), Qt::LeftButton, {}, QPoint(235 * 3, 5 * 3));
+  EXPECT_EQ(w.window->state().app.viewMode, ViewMode::Map);
+  QTest::mouseClick(&w.window->frame(), Qt::LeftButton, {}, QPoint(235 * 3, 315 * 3));
+  EXPECT_EQ(w.window->state().app.viewMode, ViewMode::Info);
+}
+
+TEST(Window, CtrlQSavesTheLastFileAndExitWritesTheSelection) {
+  {
+    Window w("ctrlq", 1, Bundled());
+    w.window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(w.window.get(), 2000));
+    QTest::keyClick(w.window.get(), Qt::Key_Q, Qt::ControlModifier);
+    EXPECT_FALSE(w.window->isVisible());
+    EXPECT_EQ(w.store.values.count("Last_Open"), 1u);
+    EXPECT_FALSE(std::filesystem::exists(w.home.path / "Select.bol"));
+  }
+  Window w("exit", 1, Bundled());
+  w.window->action(kCmdExit)->trigger();
+  EXPECT_EQ(std::filesystem::file_size(w.home.path / "Select.bol"), 720u);
+  EXPECT_FALSE(w.window->isVisible());
+}
+
+TEST(Window, SimulatedClockFromTheCommandLine) {
+  ProgramOptions o = Bundled();
+  o.clock = SimulationMode::X10;
+  Window w("clock", 1, o);
+  const double start = w.window->state().app.currentTime;
+  for (int i = 0; i < 6; ++i) w.window->tick();
+  EXPECT_NEAR((w.window->state().app.currentTime - start) * 86400.0, 60.0, 1e-4);
+  EXPECT_EQ(w.window->frame().infoLines()[0].left.substr(0, 13), "Sym time x10 ");
+}
+
+}  // namespace
+}  // namespace norvane

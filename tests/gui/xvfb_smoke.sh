@@ -1,0 +1,77 @@
+#!/usr/bin/env bash
+# Starts the real tracker under Xvfb on the bundled element file, clicks
+# through every view with the pointer (image buttons, corner taps) and saves a
+# screenshot of each. Skips (77) without Xvfb or xdotool.
+# usage: xvfb_smoke.sh NORVANE GRAB_WINDOW DATA-DIR OUT-DIR
+set -u
+norvane=$1 grab=$2 data=$3 shots=$4
+command -v Xvfb >/dev/null && command -v xdotool >/dev/null || { echo "Xvfb or xdotool missing"; exit 77; }
+mkdir -p "$shots"
+work=$(mktemp -d)
+display=":$((90 + RANDOM % 100))"
+xvfb_pid= app_pid=
+cleanup() {
+  [ -n "$app_pid" ] && kill "$app_pid" 2>/dev/null
+  [ -n "$xvfb_pid" ] && kill "$xvfb_pid" 2>/dev/null
+  rm -rf "$work"
+}
+trap cleanup EXIT
+Xvfb "$display" -screen 0 800x800x24 -nolisten tcp >/dev/null 2>&1 &
+xvfb_pid=$!
+export DISPLAY=$display QT_QPA_PLATFORM=xcb NORVANE_HOME=$work/home XDG_CONFIG_HOME=$work/config
+export XDG_DATA_HOME=$work/data XDG_RUNTIME_DIR=$work
+for _ in $(seq 50); do xdotool getmouselocation >/dev/null 2>&1 && break; sleep 0.1; done
+
+"$norvane" --tle "$data/visual_2017-04-14.txt" --time "2017-04-14 20:00:00" --clock x60 --zoom 1 \
+  >"$work/out.log" 2>&1 &
+app_pid=$!
+failures=0 passes=0
+fail() { echo "FAIL $*"; failures=$((failures + 1)); }
+win=
+for _ in $(seq 100); do
+  win=$(xdotool search --onlyvisible --name '^Norvane$' 2>/dev/null | head -1)
+  [ -n "$win" ] && break
+  sleep 0.1
+done
+[ -n "$win" ] || { fail "no window titled Norvane"; cat "$work/out.log"; echo "0 passed, 1 failed"; exit 1; }
+xdotool windowmove "$win" 0 0
+# The load's "Data of ... successfully read" box stays open beside the window.
+box=
+for _ in $(seq 30); do
+  box=$(xdotool search --onlyvisible --name '^Info$' 2>/dev/null | head -1)
+  [ -n "$box" ] && break
+  sleep 0.1
+done
+if [ -n "$box" ]; then passes=$((passes + 1)); xdotool windowmove "$box" 400 0; else fail "no load message"; fi
+sleep 0.5
+
+geometry() { xdotool getwindowgeometry --shell "$win"; }
+shot() {  # shot NAME: waits for a tick, saves the window
+  sleep 1.3
+  if "$grab" "$win" "$shots/$1.png" && [ -s "$shots/$1.png" ]; then passes=$((passes + 1)); else fail "screenshot $1"; fi
+}
+click() { xdotool mousemove --window "$win" "$1" "$2" click 1; sleep 0.3; }
+height() { eval "$(geometry)"; echo "$HEIGHT"; }
+
+shot info
+eval "$(geometry)"
+info_height=$HEIGHT
+# The image buttons lie in the bottom bar, about 32 pixels apart from the left.
+button_y=$((info_height - 16))
+names=(map sky orbit gps)
+xs=(16 48 80 144)
+for i in 0 1 2 3; do
+  click "${xs[$i]}" "$button_y"
+  full=$(height)
+  if [ "$full" = 320 ]; then passes=$((passes + 1)); else fail "${names[$i]}: window height $full, not the bare 320 screen"; fi
+  shot "${names[$i]}"
+  # Leave full screen: the map's corner is bottom right, the others' top right.
+  if [ "${names[$i]}" = map ]; then click 236 316; else click 236 4; fi
+  sleep 1.2
+  back=$(height)
+  if [ "$back" = "$info_height" ]; then passes=$((passes + 1)); else fail "${names[$i]}: no way back ($back)"; fi
+done
+shot info_after
+kill -0 "$app_pid" 2>/dev/null && passes=$((passes + 1)) || fail "the program ended"
+echo "$passes passed, $failures failed"
+[ "$failures" = 0 ]

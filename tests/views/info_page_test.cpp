@@ -1,0 +1,108 @@
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+#include "core/elements/element_file.h"
+#include "ui/views/info_page.h"
+
+namespace norvane {
+namespace {
+
+class NoMessages : public MessageSink {
+ public:
+  void show(const std::string&, const std::string&, MessageIcon) override {}
+};
+
+TEST(InfoPage, ShapeLines) {
+  EXPECT_EQ(ShapeLine(99999), "Shape not know. ");  // not in the table: record 0
+  EXPECT_EQ(ShapeLine(5), "Shape not know. ");
+  EXPECT_EQ(ShapeLine(10594), "l.=0.3m w.=0.9m d.=2.4m");
+  EXPECT_EQ(ShapeLine(12), "Cylindrical shape l.=1.2m r.=0.5m");
+  EXPECT_EQ(ShapeLine(11), "Spherical satellite r.=0.5m ");
+}
+
+TEST(InfoPage, StatusRules) {
+  InfoStatusInputs in;
+  in.altitude = 800.0;
+  in.canRise = true;
+  in.elevation = -0.1;
+  EXPECT_EQ(InfoStatusCode(in), 3);
+  in.elevation = 0.1;
+  EXPECT_EQ(InfoStatusCode(in), 0);  // above the horizon needs the geostationary mark for 4
+  in.geo = true;
+  EXPECT_EQ(InfoStatusCode(in), 7);
+  in.geo = false;
+  in.dark = true;
+  EXPECT_EQ(InfoStatusCode(in), 5);
+  in.eclipsed = true;
+  EXPECT_EQ(InfoStatusCode(in), 6);
+  in.canRise = false;
+  in.elevation = -0.2;
+  in.eclipsed = false;
+  EXPECT_EQ(InfoStatusCode(in), 2);
+  in.altitude = 100.0;
+  EXPECT_EQ(InfoStatusCode(in), 8);
+  in.altitude = -5.0;
+  EXPECT_EQ(InfoStatusCode(in), 9);
+  in.altitude = 800.0;
+  in.elevation = 0.3;
+  in.flares = true;
+  EXPECT_EQ(InfoStatusCode(in), 10);
+  in.modelComparison = true;
+  EXPECT_EQ(InfoStatusCode(in), 11);
+}
+
+TEST(InfoPage, DopplerLowersBothLinksWhenReceding) {
+  EXPECT_EQ(DownlinkLine(137.5, 7.0), "Downlink   137.49679MHz (-3210.55Hz)");
+  EXPECT_EQ(UplinkLine(152.5, 7.0).substr(0, 24), "Uplink       152.49644MH");
+  EXPECT_EQ(RangeLine(1000.0), "Range 1000.0000 km Delay 3.3356 ms");
+  EXPECT_EQ(TableDownlink(29499), 137.0);
+  EXPECT_EQ(TableDownlink(25544), 0.0);
+}
+
+TEST(InfoPage, WholePageForATableSatellite) {
+  const std::string text =
+      "NOAA 15                 \r\n"
+      "1 25338U 98030A   17104.58156486  .00000481  00000-0  47674-4 0  9990\r\n"
+      "2 25338  98.7800 154.7758 0010000 199.7078 157.9879 14.25000000674162\r\n";
+  auto catalogue = std::make_unique<Catalogue>();
+  NoMessages sink;
+  ASSERT_EQ(readElementFile(*catalogue, sink, text, "noaa.txt"), 1);
+  AppState app;
+  app.currentTime = 2457858.4;
+  app.viewMode = ViewMode::Info;
+  Settings settings;
+  settings.flagColors = 1;
+  GpsData gps;
+  gps.fixMode = 3;
+  gps.hour = 7;
+  gps.minute = 5;
+  gps.second = 9;
+  auto skins = std::make_unique<Skins>();
+  auto caches = std::make_unique<ViewCaches>();
+  DrawingSurface surface;
+  ViewWorld world{app, *catalogue, settings, gps, *skins, *caches, surface, nullptr};
+  InfoTiming timing;
+  const auto lines = FormatInfoPage(world, settings, timing, InfoOptions{});
+  ASSERT_EQ(lines.size(), 17u);
+  EXPECT_EQ(lines[0].left, "Local time 21:36:00");
+  EXPECT_EQ(lines[0].right, "2017.04.14");
+  EXPECT_EQ(lines[1].right, "TLE 0 days old");
+  EXPECT_EQ(lines[2].left, "NOAA 15                 ");
+  EXPECT_EQ(lines[2].right, "Cat. nr. 25338");
+  EXPECT_EQ(lines[7].left, "Close Earth sat SGP4");
+  EXPECT_EQ(settings.downlink, 137.62);
+  EXPECT_EQ(settings.uplink, 152.62);
+  EXPECT_EQ(lines[9].left.substr(0, 16), "Downlink   137.6");
+  EXPECT_EQ(lines[15].left, "3D mode");
+  EXPECT_EQ(lines[15].right, "GPS(UTC) time 7:05:09");
+  EXPECT_EQ(lines[16].left.substr(0, 17), "Aver. calc. time ");
+  EXPECT_EQ(timing.calls, 1u);
+  EXPECT_EQ(InfoLineColour(InfoColoursFor(settings), InfoBlock::Doppler), 0u);
+  settings.flagColors = 0;
+  EXPECT_EQ(InfoLineColour(InfoColoursFor(settings), InfoBlock::Bodies), 25720u);
+}
+
+}  // namespace
+}  // namespace norvane

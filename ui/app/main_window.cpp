@@ -1,0 +1,341 @@
+#include "ui/app/main_window.h"
+
+#include <QCloseEvent>
+#include <QDateTime>
+#include <QDesktopServices>
+#include <QFileDialog>
+#include <QKeyEvent>
+#include <QMenuBar>
+#include <QPainter>
+#include <QShortcut>
+#include <QToolBar>
+#include <QUrl>
+
+#include "core/astro/julian_date.h"
+#include "gps/gps_receiver.h"
+#include "settings/settings_io.h"
+#include "ui/app/about_dialog.h"
+#include "ui/app/clock_tick.h"
+#include "ui/app/qt_message_sink.h"
+#include "ui/app/start_up.h"
+#include "ui/app/window_input.h"
+#include "ui/views/gps_page.h"
+#include "ui/views/info_page.h"
+#include "ui/views/map_view.h"
+#include "ui/views/orbit_view.h"
+#include "ui/views/sky_view.h"
+
+namespace norvane {
+namespace {
+
+CalendarTime CalendarOf(const QDateTime& t) {
+  const QDate d = t.date();
+  const QTime c = t.time();
+  return {d.year(), d.month(), d.day(), c.hour(), c.minute(), c.second()};
+}
+
+// The five button images, drawn rather than loaded: map, sky, orbit, time, GPS page.
+QIcon ButtonIcon(int image) {
+  QPixmap pixmap(24, 24);
+  pixmap.fill(Qt::transparent);
+  QPainter p(&pixmap);
+  p.setRenderHint(QPainter::Antialiasing);
+  switch (image) {
+    case 0:
+      p.fillRect(2, 5, 20, 14, QColor(40, 90, 200));
+      p.setBrush(QColor(60, 160, 60));
+      p.setPen(Qt::NoPen);
+      p.drawEllipse(4, 7, 7, 6);
+      p.drawEllipse(12, 9, 8, 8);
+      break;
+    case 1:
+      p.setBrush(QColor(10, 20, 70));
+      p.drawEllipse(2, 2, 20, 20);
+      p.setPen(Qt::yellow);
+      p.drawPoint(8, 9);
+      p.drawPoint(15, 7);
+      p.drawPoint(12, 15);
+      break;
+    case 2:
+      p.setPen(QPen(QColor(200, 40, 40), 1.5));
+      p.drawEllipse(2, 7, 20, 10);
+      p.setBrush(QColor(40, 90, 200));
+      p.setPen(Qt::NoPen);
+      p.drawEllipse(8, 8, 8, 8);
+      break;
+    case 3:
+      p.setPen(QPen(Qt::black, 1.5));
+      p.setBrush(Qt::white);
+      p.drawEllipse(3, 3, 18, 18);
+      p.drawLine(12, 12, 12, 6);
+      p.drawLine(12, 12, 16, 14);
+      break;
+    default: {
+      QFont font = p.font();
+      font.setPixelSize(9);
+      font.setBold(true);
+      p.setFont(font);
+      p.drawText(QRect(0, 0, 24, 24), Qt::AlignCenter, "GPS");
+      break;
+    }
+  }
+  return QIcon(pixmap);
+}
+
+int KeyCodeOf(int qtKey) {
+  switch (qtKey) {
+    case Qt::Key_Left: return kKeyLeft;
+    case Qt::Key_Right: return kKeyRight;
+    case Qt::Key_Up: return kKeyUp;
+    case Qt::Key_Down: return kKeyDown;
+    case Qt::Key_Return:
+    case Qt::Key_Enter: return kKeyReturn;
+    default: return 0;
+  }
+}
+
+}  // namespace
+
+CalendarTime SystemUtc() { return CalendarOf(QDateTime::currentDateTimeUtc()); }
+CalendarTime SystemLocal() { return CalendarOf(QDateTime::currentDateTime()); }
+
+MainWindow::MainWindow(WindowConfig config, QWidget* parent)
+    : QMainWindow(parent),
+      config_(std::move(config)),
+      state_(std::make_unique<MainState>()),
+      surface_(MakeOffscreenSurface()),
+      skins_(std::make_unique<Skins>()),
+      caches_(std::make_unique<ViewCaches>()) {
+  setWindowTitle("Norvane");
+  setObjectName("Norvane");
+  if (config_.messages == nullptr) {
+    auto own = std::make_unique<QtMessageSink>(this);
+    own->setModal(false);  // the event loop does not run yet
+    ownMessages_ = std::move(own);
+  }
+  messages_ = config_.messages != nullptr ? config_.messages : ownMessages_.get();
+
+  state_->programFolder = config_.programFolder;
+  const QDateTime now = QDateTime::currentDateTime();
+  CreateMainState(*state_, *config_.store, *messages_, CalendarOf(now), CalendarOf(now.toUTC()));
+  if (config_.options.tle) {
+    ElementFileState file = FileStateOf(*state_);
+    AppToSettings(*state_);
+    BeginOpenCommand(file, state_->settings);
+    OpenChosenFile(file, state_->catalogue, state_->settings, *config_.store, *messages_, *config_.options.tle);
+    ApplyFileState(*state_, file);
+    SettingsToApp(*state_);
+  }
+  ApplyClockOptions(config_.options, state_->app);
+  if (config_.startGps) startGps();
+  else state_->app.gpsTracking = 0;
+
+  frame_ = new FrameWidget(config_.zoom, this);
+  setCentralWidget(frame_);
+  frame_->onPress = [this](QPoint p) {
+    apply(StylusDown(*state_, ToFrameBuffer(p.x(), p.y(), frame_->width(), frame_->height(), 240, 320)));
+  };
+  frame_->onMove = [this](QPoint p) {
+    apply(StylusMove(*state_, ToFrameBuffer(p.x(), p.y(), frame_->width(), frame_->height(), 240, 320)));
+  };
+  frame_->onRelease = [this] { apply(StylusUp(*state_)); };
+  buildMenus();
+  buildButtons();
+  connect(&timer_, &QTimer::timeout, this, [this] { tick(); });
+
+  LoadSkins(*skins_, surface_, config_.programFolder + "/skins", *messages_);
+  if (auto* own = dynamic_cast<QtMessageSink*>(ownMessages_.get())) own->setModal(true);
+  paintView();
+}
+
+MainWindow::~MainWindow() {
+  if (gps_) gps_->stop();
+}
+
+void MainWindow::startGps() {
+  Settings& s = state_->settings;
+  GpsSettings gps{s.gpsPort, s.gpsSpeed, state_->app.gpsTracking, s.gpsCompass, 0, s.gpsAcceptGN};
+  gps_ = std::make_unique<GpsThread>(clock_);
+  std::string reason;
+  StartGpsReceiver(*gps_, gps, config_.portMap, reason);
+  state_->app.gpsTracking = gps.tracking;
+}
+
+void MainWindow::startTimer1s() { timer_.start(1000); }
+
+void MainWindow::buildMenus() {
+  struct Item {
+    const char* text;
+    int command;
+  };
+  const auto add = [this](QMenu* menu, const Item& item) {
+    QAction* a = menu->addAction(item.text);
+    a->setObjectName(QString("command%1").arg(item.command));
+    connect(a, &QAction::triggered, this, [this, c = item.command] { runCommand(c); });
+  };
+  QMenu* file = menuBar()->addMenu("File");
+  for (const Item& i : {Item{"Get Last", kCmdGetLast}, Item{"Open", kCmdOpen}, Item{"Exit", kCmdExit}}) add(file, i);
+  QMenu* edit = menuBar()->addMenu("Edit");
+  for (const Item& i : {Item{"Settings", kCmdSettings}, Item{"Location", kCmdLocation}, Item{"Sat select", kCmdSatSelect},
+                        Item{"Tle info", kCmdTleInfo}, Item{"Predict", kCmdPredict}, Item{"GPS", kCmdGps}}) {
+    add(edit, i);
+  }
+  QMenu* help = menuBar()->addMenu("Help");
+  for (const Item& i : {Item{"About", kCmdAbout}, Item{"Help", kCmdHelp}}) add(help, i);
+  auto* quit = new QShortcut(QKeySequence("Ctrl+Q"), this);
+  connect(quit, &QShortcut::activated, this, [this] { runCommand(kCmdClose); });
+}
+
+void MainWindow::buildButtons() {
+  buttons_ = new QToolBar(this);
+  buttons_->setObjectName("buttons");
+  buttons_->setMovable(false);
+  buttons_->setIconSize(QSize(24, 24));
+  const int commands[5] = {kCmdMapView, kCmdSkyView, kCmdOrbitView, kCmdTime, kCmdGpsView};
+  const char* const tips[5] = {"Map", "Sky", "Orbit", "Time", "GPS page"};
+  for (int i = 0; i < 5; ++i) {
+    QAction* a = buttons_->addAction(ButtonIcon(i), tips[i]);
+    a->setObjectName(QString("command%1").arg(commands[i]));
+    connect(a, &QAction::triggered, this, [this, c = commands[i]] { runCommand(c); });
+  }
+  addToolBar(Qt::BottomToolBarArea, buttons_);
+}
+
+QAction* MainWindow::action(int command) const { return findChild<QAction*>(QString("command%1").arg(command)); }
+
+void MainWindow::runCommand(int command) { apply(RunCommand(*state_, command, *this, *config_.store, *messages_)); }
+
+ViewWorld MainWindow::world() {
+  return ViewWorld{state_->app, state_->catalogue, state_->settings, state_->gps, *skins_, *caches_, surface_, frame_};
+}
+
+void MainWindow::takeGps() {
+  if (!gps_) return;
+  gps_->setView(static_cast<int>(state_->app.viewMode));
+  gps_->setPhase(state_->tickCounter);
+  state_->gps = gps_->data();
+  if (const auto update = gps_->takeObserverUpdate(); update && update->position) {
+    state_->app.observer.lat = update->latitude;
+    state_->app.observer.lon = update->longitude;
+    if (update->altitude) state_->app.observer.alt = update->altitudeKm;
+  }
+}
+
+void MainWindow::tick(const CalendarTime& utc) {
+  takeGps();
+  apply(Tick(*state_, utc));
+}
+
+void MainWindow::tick() { tick(SystemUtc()); }
+
+void MainWindow::paintView() {
+  ViewWorld w = world();
+  switch (state_->app.viewMode) {
+    case ViewMode::Map: PaintMap(w); break;
+    case ViewMode::Sky: PaintSky(w); break;
+    case ViewMode::Orbit:
+      if (state_->app.dragActive == 0) BuildOrbitScene(w);
+      PaintOrbit(w);
+      break;
+    case ViewMode::Gps: {
+      const CalendarTime t = SystemUtc();
+      PaintGpsPage(w, JulianDateOfDate(t.year, t.month, t.day, t.hour, t.minute, t.second));
+      break;
+    }
+    case ViewMode::Info:
+    case ViewMode::LeaveFullScreen: {
+      std::vector<InfoLine> lines =
+          FormatInfoPage(w, state_->settings, state_->infoTiming, state_->infoOptions);
+      frame_->showInfoPage(std::move(lines), InfoColoursFor(state_->settings));
+      break;
+    }
+  }
+}
+
+void MainWindow::apply(const ScreenRequest& request) {
+  if (request.screen == ScreenRequest::Screen::Full) setFullScreenView(true);
+  if (request.screen == ScreenRequest::Screen::Standard) setFullScreenView(false);
+  if (request.repaint) paintView();
+}
+
+void MainWindow::setFullScreenView(bool full) {
+  if (full == fullScreen_) return;
+  fullScreen_ = full;
+  menuBar()->setVisible(!full);
+  buttons_->setVisible(!full);
+  adjustSize();
+}
+
+std::optional<std::string> MainWindow::chooseElementFile() {
+  if (fileChooser) return fileChooser();
+  const QString path = QFileDialog::getOpenFileName(this, "Open File", QString(), "All (*.tle);;All files (*)");
+  if (path.isEmpty()) return std::nullopt;
+  return path.toStdString();
+}
+
+void MainWindow::runDialog(Command command) {
+  if (dialogRunner) {
+    dialogRunner(command);
+    return;
+  }
+  if (command == kCmdAbout) {
+    AboutDialog about(this);
+    about.exec();
+  }
+  // The other dialogs come with the dialogs module.
+}
+
+void MainWindow::openDocument(const std::string& path) {
+  if (documentOpener) {
+    documentOpener(path);
+    return;
+  }
+  QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(path)));
+}
+
+void MainWindow::closeWindow() {
+  closing_ = true;
+  close();
+}
+
+void MainWindow::keyPressEvent(QKeyEvent* event) {
+  const int key = KeyCodeOf(event->key());
+  if (key == 0) {
+    QMainWindow::keyPressEvent(event);
+    return;
+  }
+  apply(KeyDown(*state_, key));
+}
+
+void MainWindow::keyReleaseEvent(QKeyEvent* event) {
+  const int key = KeyCodeOf(event->key());
+  if (key == 0 || event->isAutoRepeat()) {
+    QMainWindow::keyReleaseEvent(event);
+    return;
+  }
+  apply(KeyUp(*state_, key));
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  if (!closing_) {
+    // The window's own close button is the title-bar "ok".
+    AppToSettings(*state_);
+    if (!state_->settings.lastOpen.empty()) saveLastFileGroup(state_->settings, *config_.store);
+  }
+  timer_.stop();
+  if (gps_) gps_->stop();
+  event->accept();
+}
+
+void MainWindow::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::ActivationChange) {
+    const bool active = isActiveWindow();
+    if (wasActive_ && !active && state_->app.viewMode != ViewMode::Info) {
+      apply(ShowInfoPage(state_->app));
+    }
+    wasActive_ = active;
+  }
+  QMainWindow::changeEvent(event);
+}
+
+}  // namespace norvane
