@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Starts the real tracker under Xvfb on the bundled element file, clicks
-# through every view with the pointer (image buttons, corner taps) and saves a
-# screenshot of each. Skips (77) without Xvfb or xdotool.
+# through every view with the pointer (image buttons, corner taps), opens the
+# "Time" dialog by its button and "Sat selection" from the Edit menu, and
+# saves a screenshot of each. Skips (77) without Xvfb or xdotool.
 # usage: xvfb_smoke.sh NORVANE GRAB_WINDOW DATA-DIR OUT-DIR
 set -u
 norvane=$1 grab=$2 data=$3 shots=$4
@@ -72,6 +73,30 @@ for i in 0 1 2 3; do
   if [ "$back" = "$info_height" ]; then passes=$((passes + 1)); else fail "${names[$i]}: no way back ($back)"; fi
 done
 shot info_after
+
+# dialog_shot TITLE NAME: waits for the dialog, saves it, closes it with Escape
+# and checks that the window is back on the information page.
+dialog_shot() {
+  local d=
+  for _ in $(seq 30); do
+    d=$(xdotool search --onlyvisible --name "^$1\$" 2>/dev/null | head -1)
+    [ -n "$d" ] && break
+    sleep 0.1
+  done
+  if [ -z "$d" ]; then fail "no $1 dialog"; return; fi
+  sleep 0.5
+  if "$grab" "$d" "$shots/$2.png" && [ -s "$shots/$2.png" ]; then passes=$((passes + 1)); else fail "screenshot $2"; fi
+  xdotool windowfocus "$d" 2>/dev/null; sleep 0.2; xdotool key Escape; sleep 0.5
+  if xdotool search --onlyvisible --name "^$1\$" >/dev/null 2>&1; then fail "$1 stays open"; else passes=$((passes + 1)); fi
+  back=$(height)
+  if [ "$back" = "$info_height" ]; then passes=$((passes + 1)); else fail "after $1: window height $back"; fi
+}
+click 112 "$button_y"  # the time button
+dialog_shot Time dialog_time
+# Edit is the second menu; its third item is "Sat select".
+click 50 10
+xdotool key Down Down Down Return
+dialog_shot "Sat selection" dialog_sat_selection
 kill -0 "$app_pid" 2>/dev/null && passes=$((passes + 1)) || fail "the program ended"
 echo "$passes passed, $failures failed"
 [ "$failures" = 0 ]

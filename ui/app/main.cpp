@@ -6,6 +6,7 @@
 #include <QLocalSocket>
 #include <QSettings>
 #include <QStandardPaths>
+#include <clocale>
 #include <cstdio>
 #include <cstdlib>
 
@@ -39,6 +40,7 @@ std::string DataFolder() {
   return NORVANE_SOURCE_DATA;
 }
 
+// The window's own settings beside the tracker's: the zoom and the element-set server.
 QString WindowSettingsPath() {
   return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + "/Norvane/Window.ini";
 }
@@ -48,6 +50,8 @@ QString WindowSettingsPath() {
 int main(int argc, char** argv) {
   QApplication app(argc, argv);
   QApplication::setApplicationName("Norvane");
+  // Numbers in texts and edits always use a decimal point, whatever the user's locale.
+  std::setlocale(LC_NUMERIC, "C");
   std::vector<std::string> args;
   for (const QString& a : QApplication::arguments().mid(1)) args.push_back(a.toStdString());
   norvane::ProgramOptions options;
@@ -71,6 +75,8 @@ int main(int argc, char** argv) {
   if (options.zoom) zoom = *options.zoom;
   if (zoom < 1 || zoom > 4) zoom = 1;
   window.setValue("zoom", zoom);
+  if (options.server) window.setValue("server", QString::fromStdString(*options.server));
+  const std::string serverBase = window.value("server", norvane::kDefaultElementServer).toString().toStdString();
   window.sync();
 
   norvane::QtSettingsStore store;
@@ -79,6 +85,7 @@ int main(int argc, char** argv) {
   config.store = &store;
   config.zoom = zoom;
   config.options = options;
+  config.serverBase = serverBase;
   MainWindow main(config);
 
   QLocalServer server;

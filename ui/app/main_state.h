@@ -2,9 +2,11 @@
 #include <cstdint>
 #include <string>
 
+#include "core/analysis/pass_search.h"
 #include "core/elements/catalogue.h"
 #include "core/elements/element_file_commands.h"
 #include "gps/gps_data.h"
+#include "gps/gps_settings.h"
 #include "settings/settings.h"
 #include "ui/views/app_state.h"
 #include "ui/views/info_page.h"
@@ -12,7 +14,8 @@
 namespace norvane {
 
 // Everything the main window owns: the views' state, the catalogue, the
-// settings, the latest GPS record and the timer's phase counter.
+// settings, the latest GPS record, the timer's phase counter and what the
+// dialogs keep between openings.
 struct MainState {
   AppState app;
   Catalogue catalogue;
@@ -22,6 +25,9 @@ struct MainState {
   std::string programFolder;     // Select.bol, Help.htm, Cities.loc, skins/
   InfoTiming infoTiming;
   InfoOptions infoOptions;
+  GpsSettings gpsSettings;          // the reader's settings; tracking in step with app.gpsTracking
+  PredictionStore predictions;      // the last pass search, listed again when "Prediction" reopens
+  std::uint32_t lastGpsDelayMs = 0;  // ms, what "Set GPS time" measured last
 };
 
 // The settings and the application state keep some values twice (the current

@@ -14,10 +14,11 @@
 #include "core/astro/julian_date.h"
 #include "gps/gps_receiver.h"
 #include "settings/settings_io.h"
-#include "ui/app/about_dialog.h"
+#include "gps/linux_system_clock.h"
 #include "ui/app/clock_tick.h"
 #include "ui/app/qt_message_sink.h"
 #include "ui/app/start_up.h"
+#include "ui/app/window_dialogs.h"
 #include "ui/app/window_input.h"
 #include "ui/views/gps_page.h"
 #include "ui/views/info_page.h"
@@ -127,8 +128,8 @@ MainWindow::MainWindow(WindowConfig config, QWidget* parent)
     SettingsToApp(*state_);
   }
   ApplyClockOptions(config_.options, state_->app);
-  if (config_.startGps) startGps();
-  else state_->app.gpsTracking = 0;
+  if (config_.systemClock == nullptr) ownSystemClock_ = std::make_unique<LinuxSystemClock>();
+  startGps();
 
   frame_ = new FrameWidget(config_.zoom, this);
   setCentralWidget(frame_);
@@ -154,10 +155,16 @@ MainWindow::~MainWindow() {
 
 void MainWindow::startGps() {
   Settings& s = state_->settings;
-  GpsSettings gps{s.gpsPort, s.gpsSpeed, state_->app.gpsTracking, s.gpsCompass, 0, s.gpsAcceptGN};
+  GpsSettings& gps = state_->gpsSettings;
+  gps = GpsSettings{s.gpsPort, s.gpsSpeed, state_->app.gpsTracking, s.gpsCompass, 0, s.gpsAcceptGN};
   gps_ = std::make_unique<GpsThread>(clock_);
-  std::string reason;
-  StartGpsReceiver(*gps_, gps, config_.portMap, reason);
+  if (config_.startGps) {
+    std::string reason;
+    StartGpsReceiver(*gps_, gps, config_.portMap, reason);
+  } else {
+    gps.tracking = 0;
+    gps_->configure(gps, config_.portMap);
+  }
   state_->app.gpsTracking = gps.tracking;
 }
 
@@ -278,11 +285,24 @@ void MainWindow::runDialog(Command command) {
     dialogRunner(command);
     return;
   }
-  if (command == kCmdAbout) {
-    AboutDialog about(this);
-    about.exec();
-  }
-  // The other dialogs come with the dialogs module.
+  SystemClock& clock = config_.systemClock != nullptr ? *config_.systemClock : *ownSystemClock_;
+  DialogServices services{*state_,
+                          *config_.store,
+                          *messages_,
+                          *caches_,
+                          *gps_,
+                          config_.portMap,
+                          clock,
+                          [this]() -> HttpClient& { return httpClient(); },
+                          config_.serverBase,
+                          config_.documentsFolder};
+  RunWindowDialog(this, command, services);
+}
+
+HttpClient& MainWindow::httpClient() {
+  if (config_.http != nullptr) return *config_.http;
+  if (!ownHttp_) ownHttp_ = makePlatformHttpClient();
+  return *ownHttp_;
 }
 
 void MainWindow::openDocument(const std::string& path) {

@@ -8,6 +8,9 @@
 
 #include "core/platform/message_sink.h"
 #include "core/platform/settings_store.h"
+#include "core/platform/system_clock.h"
+#include "download/http_client.h"
+#include "download/platform_http.h"
 #include "gps/gps_thread.h"
 #include "gps/port_tables.h"
 #include "gps/steady_clock.h"
@@ -34,6 +37,10 @@ struct WindowConfig {
   ProgramOptions options;
   bool startGps = true;        // try the configured port and start the reader
   GpsPortMap portMap;
+  std::string serverBase = kDefaultElementServer;  // "Get Last" fetches from here
+  std::string documentsFolder;   // downloads go here; the user's documents folder when empty
+  HttpClient* http = nullptr;    // the platform's client, made on the first download, when null
+  SystemClock* systemClock = nullptr;  // the system clock when null
 };
 
 // The tracker's one window: menus, the five image buttons, the one-second
@@ -83,6 +90,7 @@ class MainWindow : public QMainWindow, public CommandHost {
   void setFullScreenView(bool full);
   void takeGps();
   ViewWorld world();
+  HttpClient& httpClient();
 
   WindowConfig config_;
   std::unique_ptr<MainState> state_;
@@ -92,7 +100,9 @@ class MainWindow : public QMainWindow, public CommandHost {
   std::unique_ptr<Skins> skins_;
   std::unique_ptr<ViewCaches> caches_;
   SteadyClock clock_;
-  std::unique_ptr<GpsThread> gps_;
+  std::unique_ptr<GpsThread> gps_;  // exists always; runs when a port is chosen
+  std::unique_ptr<SystemClock> ownSystemClock_;
+  std::unique_ptr<HttpClient> ownHttp_;
   FrameWidget* frame_ = nullptr;
   QToolBar* buttons_ = nullptr;
   QTimer timer_;

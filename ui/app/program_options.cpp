@@ -52,7 +52,7 @@ std::optional<std::string> ParseProgramOptions(const std::vector<std::string>& a
       options.help = true;
       continue;
     }
-    if (name != "--tle" && name != "--time" && name != "--clock" && name != "--zoom") {
+    if (name != "--tle" && name != "--time" && name != "--clock" && name != "--zoom" && name != "--server") {
       return "unknown option " + name;
     }
     if (i + 1 >= args.size()) return name + " needs a value";
@@ -65,6 +65,11 @@ std::optional<std::string> ParseProgramOptions(const std::vector<std::string>& a
     } else if (name == "--clock") {
       options.clock = ClockModeNamed(value);
       if (!options.clock) return "--clock: one of real, pause, x1, x10, x30, x60";
+    } else if (name == "--server") {
+      if (value.rfind("http://", 0) != 0 && value.rfind("https://", 0) != 0) {
+        return "--server: an http:// or https:// URL wanted: " + value;
+      }
+      options.server = value;
     } else {
       if (value.size() != 1 || value[0] < '1' || value[0] > '4') return "--zoom: 1 to 4";
       options.zoom = value[0] - '0';

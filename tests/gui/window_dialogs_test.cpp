@@ -1,0 +1,348 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QComboBox>
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QFile>
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QTimer>
+#include <QTreeWidget>
+#include <clocale>
+#include <cmath>
+#include <functional>
+#include <memory>
+
+#include "core/astro/julian_date.h"
+#include "tests/gui/gui_fixtures.h"
+#include "ui/app/main_window.h"
+
+namespace norvane {
+namespace {
+
+using testing::RecordingSink;
+using testing::TempFolder;
+
+constexpr int kIssSlot = 106;  // in the bundled file
+constexpr double kDegree = 0.017453292519943295;
+
+QApplication& App() {
+  static int argc = 1;
+  static char name[] = "window_dialogs_test";
+  static char* argv[] = {name, nullptr};
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  // Kept to the end of the process: destroying it among the other statics crashes.
+  static QApplication* app = new QApplication(argc, argv);
+  std::setlocale(LC_NUMERIC, "C");
+  return *app;
+}
+
+// A system clock that is never really set.
+class FakeSystemClock : public SystemClock {
+ public:
+  std::uint32_t tickCount() override { return 0; }
+  LocalClockTime localTime() override { return {2017, 4, 14, 12, 0, 0, 0}; }
+  bool setLocalTime(const LocalClockTime&) override { return ++sets, true; }
+  void sleepMs(int) override {}
+  int sets = 0;
+};
+
+// Answers every GET with the same body, on 127.0.0.1, in this thread's event loop
+// (the download waits in a nested one).
+class LocalElementServer {
+ public:
+  explicit LocalElementServer(QByteArray body) : body_(std::move(body)) {
+    QObject::connect(&server_, &QTcpServer::newConnection, [this] {
+      while (QTcpSocket* socket = server_.nextPendingConnection()) serve(socket);
+    });
+    server_.listen(QHostAddress::LocalHost);
+  }
+  std::string base() const { return "http://127.0.0.1:" + std::to_string(server_.serverPort()); }
+  std::vector<QByteArray> paths;
+
+ private:
+  void serve(QTcpSocket* socket) {
+    auto request = std::make_shared<QByteArray>();
+    QObject::connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
+    QObject::connect(socket, &QTcpSocket::readyRead, socket, [this, socket, request] {
+      *request += socket->readAll();
+      if (!request->contains("\r\n\r\n")) return;
+      paths.push_back(request->split(' ').value(1));
+      socket->write("HTTP/1.1 200 OK\r\nConnection: close\r\nContent-Length: " + QByteArray::number(body_.size()) +
+                    "\r\n\r\n" + body_);
+      socket->disconnectFromHost();
+    });
+  }
+  QTcpServer server_;
+  QByteArray body_;
+};
+
+// A window on the bundled elements at 2017-04-14 12:00 UTC, paused, over an
+// in-memory store, recording its messages, without GPS; dialogs run for real.
+struct Window {
+  explicit Window(const std::string& name, std::string server = "http://127.0.0.1:9")
+      : home(name), documents(name + "_documents") {
+    App();
+    SeedProgramFolder(home.path.string(), NORVANE_DATA_DIR);
+    WindowConfig config;
+    config.programFolder = home.path.string();
+    config.store = &store;
+    config.messages = &sink;
+    config.options.tle = testing::BundledElements();
+    config.options.time = CalendarTime{2017, 4, 14, 12, 0, 0};
+    config.options.clock = SimulationMode::Pause;
+    config.startGps = false;
+    config.systemClock = &clock;
+    config.serverBase = std::move(server);
+    config.documentsFolder = documents.path.string();
+    window = std::make_unique<MainWindow>(config);
+    window->show();
+    sink.texts.clear();
+    sink.titles.clear();
+  }
+  MainState& state() { return window->state(); }
+
+  // Runs a command and hands its dialog to act once it shows; a dialog that
+  // act leaves open is cancelled. False when no dialog showed within 2 s.
+  bool dialog(int command, const std::function<void(QDialog&)>& act) {
+    bool seen = false;
+    int polls = 0;
+    QTimer poll;
+    QObject::connect(&poll, &QTimer::timeout, [&] {
+      QWidget* modal = QApplication::activeModalWidget();
+      if (auto* d = qobject_cast<QDialog*>(modal); d != nullptr && !seen) {
+        seen = true;
+        poll.stop();
+        act(*d);
+        if (d->isVisible()) d->reject();
+      } else if (++polls > 200) {
+        poll.stop();
+        if (modal != nullptr) modal->close();
+      }
+    });
+    poll.start(10);
+    window->runCommand(command);
+    return seen;
+  }
+
+  TempFolder home, documents;
+  MemorySettingsStore store;
+  RecordingSink sink;
+  FakeSystemClock clock;
+  std::unique_ptr<MainWindow> window;
+};
+
+template <typename W>
+W* Control(QDialog& dialog, const char* id) {
+  W* widget = dialog.findChild<W*>(QString::fromLatin1(id));
+  EXPECT_NE(widget, nullptr) << id;
+  return widget;
+}
+
+void Press(QDialog& dialog, QDialogButtonBox::StandardButton which) {
+  dialog.findChild<QDialogButtonBox*>()->button(which)->click();
+}
+
+void Ok(QDialog& dialog) { Press(dialog, QDialogButtonBox::Ok); }
+void Cancel(QDialog& dialog) { Press(dialog, QDialogButtonBox::Cancel); }
+
+// Every dialog command opens its dialog and comes back to the information page
+// on the standard screen, from a graphic view too.
+TEST(WindowDialogs, EachCommandOpensItsDialogAndReturnsToTheInfoPage) {
+  Window w("each");
+  const std::pair<int, const char*> dialogs[] = {
+      {kCmdGetLast, "Download Latest TLE data"}, {kCmdSettings, "Settings"}, {kCmdLocation, "Position"},
+      {kCmdSatSelect, "Sat selection"},         {kCmdPredict, "Prediction"}, {kCmdGps, "GPS settings"},
+      {kCmdTime, "Time"},                       {kCmdAbout, "About"}};
+  for (const auto& [command, title] : dialogs) {
+    w.window->runCommand(kCmdSkyView);
+    ASSERT_TRUE(w.window->fullScreenView());
+    QString shown;
+    EXPECT_TRUE(w.dialog(command, [&](QDialog& d) { shown = d.windowTitle(); })) << title;
+    EXPECT_EQ(shown, title);
+    EXPECT_EQ(w.state().app.viewMode, ViewMode::Info) << title;
+    EXPECT_FALSE(w.window->fullScreenView()) << title;
+    EXPECT_TRUE(w.window->frame().showingInfo()) << title;
+  }
+  EXPECT_TRUE(w.sink.texts.empty());
+}
+
+TEST(WindowDialogs, TleInfoShowsItsBoxWithoutLeavingTheView) {
+  Window w("tleinfo");
+  w.window->runCommand(kCmdMapView);
+  EXPECT_FALSE(w.dialog(kCmdTleInfo, [](QDialog&) {}));
+  EXPECT_EQ(w.sink.titles, std::vector<std::string>{"Tle info"});
+  EXPECT_EQ(w.state().app.viewMode, ViewMode::Map);
+}
+
+TEST(WindowDialogs, SettingsOkSavesAndCancelKeeps) {
+  Window w("settings");
+  EXPECT_TRUE(w.dialog(kCmdSettings, [](QDialog& d) {
+    Control<QLineEdit>(d, "edit1001")->setText("145.8");
+    Control<QCheckBox>(d, "check1026")->setChecked(true);  // "test"
+    Cancel(d);
+  }));
+  EXPECT_EQ(w.state().settings.uplink, 138.0);
+  EXPECT_FALSE(w.state().infoOptions.modelComparison);
+  EXPECT_EQ(w.store.values.count("uplink"), 0u);
+  EXPECT_TRUE(w.dialog(kCmdSettings, [](QDialog& d) {
+    Control<QLineEdit>(d, "edit1001")->setText("145.8");
+    Control<QCheckBox>(d, "check1026")->setChecked(true);
+    Control<QCheckBox>(d, "check1061")->setChecked(true);  // "Iridium flares"
+    Ok(d);
+  }));
+  EXPECT_EQ(w.state().settings.uplink, 145.8);
+  EXPECT_TRUE(w.state().infoOptions.modelComparison);
+  EXPECT_EQ(w.state().app.flaresEnabled, 1);
+  EXPECT_EQ(w.store.values.count("uplink"), 1u);
+}
+
+TEST(WindowDialogs, SatSelectionKeepsTheCurrentSatelliteInStep) {
+  Window w("select");
+  w.state().app.currentSatellite = 3;
+  EXPECT_TRUE(w.dialog(kCmdSatSelect, [](QDialog& d) {
+    Control<QPushButton>(d, "button1029")->click();  // "Sel./Desel.": none ticked
+    auto* list = Control<QTreeWidget>(d, "list1021");
+    for (int r = 0; r < list->topLevelItemCount(); ++r) {
+      QTreeWidgetItem* row = list->topLevelItem(r);
+      if (row->text(4).trimmed().toInt() == 5) row->setCheckState(0, Qt::Checked);
+    }
+    Ok(d);
+  }));
+  EXPECT_EQ(w.state().app.currentSatellite, 5);
+  EXPECT_EQ(w.state().settings.satDisplay, 5);
+  int ticked = 0;
+  for (const std::int32_t s : w.state().catalogue.selected) ticked += s;
+  EXPECT_EQ(ticked, 1);
+  // "Sel./Desel." acts at once: cancelling keeps its current satellite 0.
+  EXPECT_TRUE(w.dialog(kCmdSatSelect, [](QDialog& d) {
+    Control<QPushButton>(d, "button1029")->click();
+    Cancel(d);
+  }));
+  EXPECT_EQ(w.state().app.currentSatellite, 0);
+  EXPECT_EQ(w.state().settings.satDisplay, 0);
+}
+
+TEST(WindowDialogs, PositionOkMovesTheObserverAndCancelDoesNot) {
+  Window w("position");
+  const Geodetic before = w.state().app.observer;
+  EXPECT_TRUE(w.dialog(kCmdLocation, [](QDialog& d) {
+    Control<QLineEdit>(d, "edit1041")->setText("-33.5");
+    Cancel(d);
+  }));
+  EXPECT_EQ(w.state().app.observer.lat, before.lat);
+  EXPECT_TRUE(w.dialog(kCmdLocation, [](QDialog& d) {
+    EXPECT_GT(Control<QComboBox>(d, "combo1040")->count(), 100);  // the shipped Cities.loc
+    Control<QLineEdit>(d, "edit1041")->setText("-33.5");
+    Control<QLineEdit>(d, "edit1043")->setText("120");
+    Ok(d);
+  }));
+  EXPECT_NEAR(w.state().app.observer.lat, -33.5 * kDegree, 1e-12);
+  EXPECT_NEAR(w.state().app.observer.alt, 0.12, 1e-12);
+  EXPECT_EQ(w.state().settings.lat, w.state().app.observer.lat);
+  EXPECT_EQ(w.store.values.count("Lat"), 1u);
+}
+
+TEST(WindowDialogs, PredictionRowsSurviveAndOkPausesTheClockOnARow) {
+  Window w("predict");
+  w.state().catalogue.selected = {};
+  w.state().catalogue.selected[kIssSlot] = 1;
+  EXPECT_TRUE(w.dialog(kCmdPredict, [](QDialog& d) {
+    Control<QLineEdit>(d, "edit1000")->setText("6");
+    Control<QPushButton>(d, "button1027")->click();
+    Cancel(d);
+  }));
+  ASSERT_FALSE(w.state().predictions.rows.empty());
+  EXPECT_EQ(w.sink.titles, std::vector<std::string>{"Search result"});
+  const std::size_t rows = w.state().predictions.rows.size();
+  w.state().app.simulationMode = SimulationMode::X10;
+  int listed = 0;
+  EXPECT_TRUE(w.dialog(kCmdPredict, [&](QDialog& d) {
+    auto* list = Control<QTreeWidget>(d, "list1024");
+    listed = list->topLevelItemCount();
+    list->topLevelItem(0)->setSelected(true);
+    Ok(d);
+  }));
+  EXPECT_EQ(listed, static_cast<int>(rows));
+  EXPECT_EQ(w.state().app.simulationMode, SimulationMode::Pause);
+  EXPECT_EQ(w.state().app.currentTime, w.state().predictions.rows.back().time);
+  EXPECT_EQ(w.state().app.currentSatellite, kIssSlot);
+  EXPECT_EQ(w.state().settings.satDisplay, kIssSlot);
+}
+
+TEST(WindowDialogs, GpsSettingsKeepTrackingInStepAndSaveOnOk) {
+  Window w("gps");
+  EXPECT_EQ(w.state().app.gpsTracking, 0);
+  EXPECT_TRUE(w.dialog(kCmdGps, [](QDialog& d) {
+    Control<QComboBox>(d, "combo1054")->setCurrentIndex(0);  // "NONE"
+    Control<QCheckBox>(d, "check1049")->click();             // "Track GPS" on, at once
+    Cancel(d);
+  }));
+  EXPECT_EQ(w.state().app.gpsTracking, 1);
+  EXPECT_EQ(w.state().gpsSettings.tracking, 1);
+  EXPECT_EQ(w.store.values.count("GPSPort"), 0u);
+  EXPECT_TRUE(w.dialog(kCmdGps, [](QDialog& d) {
+    EXPECT_TRUE(Control<QCheckBox>(d, "check1049")->isChecked());
+    Control<QComboBox>(d, "combo1054")->setCurrentIndex(0);
+    Control<QCheckBox>(d, "check1049")->setChecked(false);
+    Ok(d);
+  }));
+  EXPECT_EQ(w.state().app.gpsTracking, 0);
+  EXPECT_EQ(w.state().gpsSettings.tracking, 0);
+  EXPECT_EQ(w.state().settings.gpsPort, 0);
+  EXPECT_EQ(w.store.values.count("GPSPort"), 1u);
+}
+
+TEST(WindowDialogs, TimeOkSetsTheModeAndSetGpsTimeAsksForTracking) {
+  Window w("time");
+  const double start = w.state().app.currentTime;
+  EXPECT_TRUE(w.dialog(kCmdTime, [](QDialog& d) {
+    Control<QRadioButton>(d, "radio1038")->click();  // "x60 sym time"
+    Control<QPushButton>(d, "button1043")->click();  // "Set GPS time"
+    Cancel(d);
+  }));
+  EXPECT_EQ(w.state().app.simulationMode, SimulationMode::Pause);
+  EXPECT_EQ(w.sink.texts, std::vector<std::string>{"Turn GPS tracking on!"});
+  EXPECT_EQ(w.clock.sets, 0);
+  EXPECT_TRUE(w.dialog(kCmdTime, [](QDialog& d) {
+    Control<QRadioButton>(d, "radio1038")->click();
+    Ok(d);
+  }));
+  EXPECT_EQ(w.state().app.simulationMode, SimulationMode::X60);
+  EXPECT_NEAR((w.state().app.currentTime - start) * 86400.0, 0.0, 1e-3);
+  w.window->tick();
+  EXPECT_NEAR((w.state().app.currentTime - start) * 86400.0, 60.0, 1e-3);
+}
+
+TEST(WindowDialogs, GetLastDownloadsFromTheServerIntoTheDocumentsFolder) {
+  App();
+  QFile bundled(QString::fromStdString(testing::BundledElements()));
+  ASSERT_TRUE(bundled.open(QIODevice::ReadOnly));
+  LocalElementServer server(bundled.readAll());
+  Window w("download", server.base());
+  EXPECT_TRUE(w.dialog(kCmdGetLast, [](QDialog& d) { Cancel(d); }));
+  EXPECT_TRUE(server.paths.empty());
+  w.state().app.iridiumFile = 1;
+  EXPECT_TRUE(w.dialog(kCmdGetLast, [](QDialog& d) {
+    EXPECT_EQ(Control<QComboBox>(d, "combo1059")->currentText(), "International Space Station");
+    Control<QPushButton>(d, "button1058")->click();  // "Download" closes the dialog
+  }));
+  EXPECT_EQ(server.paths, std::vector<QByteArray>{"/NORAD/elements/stations.txt"});
+  const std::string copy = (w.documents.path / "stations.txt").string();
+  ASSERT_EQ(w.sink.texts.size(), 1u);
+  EXPECT_EQ(w.sink.texts[0],
+            "Data of 144 satellites successfully read from " + server.base() + "/NORAD/elements/stations.txt.");
+  EXPECT_EQ(w.state().catalogue.satelliteCount, 144);
+  EXPECT_EQ(w.state().settings.lastOpen, copy);
+  EXPECT_EQ(std::filesystem::file_size(copy), static_cast<std::uintmax_t>(bundled.size()));
+  EXPECT_EQ(w.state().app.iridiumFile, 0);
+  EXPECT_EQ(w.state().app.viewMode, ViewMode::Info);
+}
+
+}  // namespace
+}  // namespace norvane

@@ -1,0 +1,76 @@
+#include "ui/app/window_dialogs.h"
+
+#include <cstdint>
+
+#include "download/platform_http.h"
+#include "ui/app/about_dialog.h"
+#include "ui/dialogs/download_dialog.h"
+#include "ui/dialogs/gps_settings_dialog.h"
+#include "ui/dialogs/position_dialog.h"
+#include "ui/dialogs/prediction_dialog.h"
+#include "ui/dialogs/sat_selection_dialog.h"
+#include "ui/dialogs/settings_dialog.h"
+#include "ui/dialogs/time_dialog.h"
+
+namespace norvane {
+namespace {
+
+void RunSettings(QWidget* parent, DialogServices& d) {
+  MainState& s = d.state;
+  std::uint8_t test = s.infoOptions.modelComparison ? 1 : 0;
+  runSettingsDialog(parent, s.settings, d.store, test);
+  s.infoOptions.modelComparison = test == 1;
+}
+
+void RunGpsSettings(QWidget* parent, DialogServices& d) {
+  MainState& s = d.state;
+  s.gpsSettings.tracking = s.app.gpsTracking;
+  runGpsSettingsDialog(parent, {s.gpsSettings, s.settings, d.store, s.app, d.gps, d.ports, d.messages});
+}
+
+void RunTime(QWidget* parent, DialogServices& d) {
+  GpsThread& gps = d.gps;
+  runTimeDialog(parent, d.state.app, {[&gps] { return gps.data(); }, d.clock, d.state.lastGpsDelayMs, d.messages});
+}
+
+void RunDownload(QWidget* parent, DialogServices& d) {
+  MainState& s = d.state;
+  DownloadContext context{d.http(), d.messages, d.store, d.serverBase,
+                          d.documents.empty() ? documentsFolder() : d.documents};
+  DownloadTarget target{s.catalogue, s.settings, s.app.iridiumFile};
+  runDownloadDialog(parent, context, target, d.serverBase);
+}
+
+}  // namespace
+
+void RunWindowDialog(QWidget* parent, Command command, DialogServices& d) {
+  MainState& s = d.state;
+  switch (command) {
+    case kCmdAbout: {
+      AboutDialog about(parent);
+      about.exec();
+      break;
+    }
+    case kCmdSettings: RunSettings(parent, d); break;
+    case kCmdLocation:
+      // Opening reloads every stored setting, the current satellite's among them.
+      runPositionDialog(parent, s.app, s.settings, d.store, d.messages, s.programFolder);
+      break;
+    case kCmdSatSelect:
+      runSatSelectionDialog(parent, s.catalogue, s.app);
+      AppToSettings(s);  // the current satellite was picked in the application state
+      break;
+    case kCmdTleInfo: showTleInfo(s.catalogue, s.app, d.messages); break;
+    case kCmdPredict:
+      runPredictionDialog(parent, {s.catalogue, s.app, s.settings, s.predictions, d.caches.look, d.caches.models,
+                                   d.messages});
+      AppToSettings(s);
+      break;
+    case kCmdGps: RunGpsSettings(parent, d); break;
+    case kCmdTime: RunTime(parent, d); break;
+    case kCmdGetLast: RunDownload(parent, d); break;
+    default: break;
+  }
+}
+
+}  // namespace norvane
