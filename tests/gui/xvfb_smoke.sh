@@ -9,7 +9,6 @@ norvane=$1 grab=$2 data=$3 shots=$4
 command -v Xvfb >/dev/null && command -v xdotool >/dev/null || { echo "Xvfb or xdotool missing"; exit 77; }
 mkdir -p "$shots"
 work=$(mktemp -d)
-display=":$((90 + RANDOM % 100))"
 xvfb_pid= app_pid=
 cleanup() {
   [ -n "$app_pid" ] && kill "$app_pid" 2>/dev/null
@@ -17,8 +16,11 @@ cleanup() {
   rm -rf "$work"
 }
 trap cleanup EXIT
-Xvfb "$display" -screen 0 800x800x24 -nolisten tcp >/dev/null 2>&1 &
+# Xvfb picks a free display number itself: other test runs may hold theirs.
+Xvfb -displayfd 3 -screen 0 800x800x24 -nolisten tcp 3>"$work/display" >/dev/null 2>&1 &
 xvfb_pid=$!
+for _ in $(seq 50); do [ -s "$work/display" ] && break; sleep 0.1; done
+display=":$(head -1 "$work/display")"
 export DISPLAY=$display QT_QPA_PLATFORM=xcb NORVANE_HOME=$work/home XDG_CONFIG_HOME=$work/config
 export XDG_DATA_HOME=$work/data XDG_RUNTIME_DIR=$work
 for _ in $(seq 50); do xdotool getmouselocation >/dev/null 2>&1 && break; sleep 0.1; done
