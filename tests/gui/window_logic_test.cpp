@@ -239,6 +239,10 @@ TEST(ProgramOptions, CommandLine) {
   EXPECT_TRUE(ParseProgramOptions({"--zoom", "5"}, bad));
   EXPECT_TRUE(ParseProgramOptions({"--clock", "x2"}, bad));
   EXPECT_TRUE(ParseProgramOptions({"--time", "2017-04-14"}, bad));
+  EXPECT_TRUE(ParseProgramOptions({"--server", "ftp://example.org"}, bad));
+  ProgramOptions server;
+  EXPECT_FALSE(ParseProgramOptions({"--server", "http://127.0.0.1:8080/mirror"}, server));
+  EXPECT_EQ(*server.server, "http://127.0.0.1:8080/mirror");
   EXPECT_EQ(ProgramFolder("/h", "/d"), "/h");
   EXPECT_EQ(ProgramFolder("", "/d"), "/d/Norvane");
 }

@@ -13,8 +13,8 @@
 
 #include "core/astro/julian_date.h"
 #include "gps/gps_receiver.h"
-#include "settings/settings_io.h"
 #include "gps/linux_system_clock.h"
+#include "settings/settings_io.h"
 #include "ui/app/clock_tick.h"
 #include "ui/app/qt_message_sink.h"
 #include "ui/app/start_up.h"
