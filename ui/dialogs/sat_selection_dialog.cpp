@@ -44,6 +44,8 @@ SatSelectionDialog::SatSelectionDialog(Catalogue& catalogue, AppState& app, QWid
                           QStringLiteral("Epoch"), QStringLiteral("In file #")});
   const int widths[] = {100, 50, 40, 220, 60};
   for (int c = 0; c < 5; ++c) list_->setColumnWidth(c, widths[c]);
+  // Show the name, number and epoch columns whole where the screen allows it.
+  list_->setMinimumSize(360, 240);
 
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);

@@ -61,6 +61,8 @@ TimeDialog::TimeDialog(AppState& app, const TimeDialogContext& context, QWidget*
   if (const QDate d(year, month, day); d.isValid()) date_->setDate(d);
   if (const QTime t(hour, minute, second); t.isValid()) time_->setTime(t);
   jd_->setText(Latin1(FormatText("JD: %6.6fdays", app.currentTime)));
+  // Wide enough for the longest text "Calc." writes.
+  jd_->setMinimumWidth(jd_->fontMetrics().horizontalAdvance(QStringLiteral("JD: 2457858.34513900days  ")));
 
   connect(calc, &QPushButton::clicked, this, [this] { calculate(); });
   connect(gpsTime, &QPushButton::clicked, this, [this] { setGpsTime(); });
