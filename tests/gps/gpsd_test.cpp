@@ -1,23 +1,19 @@
-#include <arpa/inet.h>
-#include <netinet/in.h>
-#include <signal.h>
 #include <fcntl.h>
+#include <signal.h>
 #include <spawn.h>
-#include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <fstream>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include "gps/gps_thread.h"
 #include "gps/gpsd_connection.h"
 #include "gps/steady_clock.h"
+#include "tests/common/test_support.h"
 #include "tests/gps/pty_feed.h"
 
 extern char** environ;
@@ -35,22 +31,6 @@ std::string GpsdProgram() {
     if (::access(path, X_OK) == 0) return path;
   }
   return "";
-}
-
-// A loopback port that nobody listens on right now.
-int FreeLoopbackPort() {
-  const int fd = ::socket(AF_INET, SOCK_STREAM, 0);
-  sockaddr_in address{};
-  address.sin_family = AF_INET;
-  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-  socklen_t size = sizeof address;
-  int port = 0;
-  if (::bind(fd, reinterpret_cast<sockaddr*>(&address), size) == 0 &&
-      ::getsockname(fd, reinterpret_cast<sockaddr*>(&address), &size) == 0) {
-    port = ntohs(address.sin_port);
-  }
-  ::close(fd);
-  return port;
 }
 
 // gpsd in the foreground on 127.0.0.1:port, reading one device; ended by its pid.
@@ -87,13 +67,6 @@ class Gpsd {
   std::string control_;
 };
 
-std::string ReadFile(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::ostringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
-
 TEST(GpsdAddress, Forms) {
   std::string host, port;
   EXPECT_TRUE(ParseGpsdAddress("gpsd://[::1]:2947", host, port));
@@ -106,12 +79,11 @@ TEST(GpsdAddress, Forms) {
 TEST(Gpsd, ThreadReadsRawNmeaThroughARealGpsd) {
   const std::string program = GpsdProgram();
   if (program.empty()) GTEST_SKIP() << "gpsd is not installed (Debian package gpsd): live gpsd test skipped";
-  const std::string log = ReadFile(std::string(NORVANE_TEST_DIR) + "/data/kiel_drive.nmea");
+  const std::string log = testing::ReadFile(std::string(NORVANE_TEST_DIR) + "/data/kiel_drive.nmea");
   ASSERT_FALSE(log.empty());
-  PtyEnd end;
+  PtyEnd end(true);
   ASSERT_TRUE(end.ok());
-  end.makeRaw();
-  const int port = FreeLoopbackPort();
+  const int port = testing::FreeLoopbackPort();
   ASSERT_GT(port, 0);
   Gpsd gpsd(program, port, end.path());
   ASSERT_TRUE(gpsd.started());
