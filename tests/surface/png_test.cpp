@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/common/test_support.h"
 #include "ui/surface/blit.h"
 #include "ui/surface/color.h"
 #include "ui/surface/deflate.h"
@@ -55,9 +56,7 @@ TEST(ZlibCompress, InflatesBackToTheInput) {
 DrawingSurface TestCard() {
   DrawingSurface surface = MakeOffscreenSurface();
   Skins skins;
-  struct Quiet : MessageSink {
-    void show(const std::string&, const std::string&, MessageIcon) override {}
-  } quiet;
+  testing::QuietSink quiet;
   LoadSkins(skins, surface, NORVANE_DATA_DIR "/skins", quiet);
   Blit(surface, 0, 0, 240, 320, skins.night, 0, 0);
   Blit(surface, 120, 0, 120, 320, skins.day, 120, 0);
