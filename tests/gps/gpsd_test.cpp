@@ -1,7 +1,3 @@
-#include <fcntl.h>
-#include <signal.h>
-#include <spawn.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <gtest/gtest.h>
@@ -13,10 +9,9 @@
 #include "gps/gps_thread.h"
 #include "gps/gpsd_connection.h"
 #include "gps/steady_clock.h"
+#include "tests/common/child_process.h"
 #include "tests/common/test_support.h"
 #include "tests/gps/pty_feed.h"
-
-extern char** environ;
 
 namespace norvane {
 namespace {
@@ -33,38 +28,14 @@ std::string GpsdProgram() {
   return "";
 }
 
-// gpsd in the foreground on 127.0.0.1:port, reading one device; ended by its pid.
-class Gpsd {
- public:
+// gpsd in the foreground on 127.0.0.1:port, reading one device.
+struct Gpsd {
   Gpsd(const std::string& program, int port, const std::string& device)
-      : control_("/tmp/norvane-gpsd-test-" + std::to_string(::getpid()) + ".sock") {
-    const std::string portText = std::to_string(port);
-    std::vector<std::string> args = {program, "-N", "-n", "-b", "-S", portText, "-F", control_, device};
-    std::vector<char*> argv;
-    argv.reserve(args.size() + 1);
-    for (std::string& a : args) argv.push_back(a.data());
-    argv.push_back(nullptr);
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addopen(&actions, 2, "/dev/null", O_WRONLY, 0);
-    if (posix_spawn(&pid_, program.c_str(), &actions, nullptr, argv.data(), environ) != 0) pid_ = -1;
-    posix_spawn_file_actions_destroy(&actions);
-  }
-  ~Gpsd() {
-    if (pid_ <= 0) return;
-    ::kill(pid_, SIGTERM);
-    for (int i = 0; i < 100 && ::waitpid(pid_, nullptr, WNOHANG) == 0; ++i) std::this_thread::sleep_for(20ms);
-    if (::waitpid(pid_, nullptr, WNOHANG) == 0) {
-      ::kill(pid_, SIGKILL);
-      ::waitpid(pid_, nullptr, 0);
-    }
-    ::unlink(control_.c_str());
-  }
-  bool started() const { return pid_ > 0; }
-
- private:
-  pid_t pid_ = -1;
-  std::string control_;
+      : control("/tmp/norvane-gpsd-test-" + std::to_string(::getpid()) + ".sock"),
+        child({program, "-N", "-n", "-b", "-S", std::to_string(port), "-F", control, device}) {}
+  ~Gpsd() { ::unlink(control.c_str()); }
+  std::string control;
+  testing::ChildProcess child;
 };
 
 TEST(GpsdAddress, Forms) {
@@ -86,7 +57,7 @@ TEST(Gpsd, ThreadReadsRawNmeaThroughARealGpsd) {
   const int port = testing::FreeLoopbackPort();
   ASSERT_GT(port, 0);
   Gpsd gpsd(program, port, end.path());
-  ASSERT_TRUE(gpsd.started());
+  ASSERT_TRUE(gpsd.child.started());
   Receiver receiver(end, log, std::chrono::microseconds(200));
 
   SteadyClock clock;
