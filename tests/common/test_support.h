@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <ostream>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -22,7 +23,12 @@ class RecordingSink : public MessageSink {
   struct Shown {
     std::string text, title;
     MessageIcon icon;
+    friend bool operator==(const Shown&, const Shown&) = default;
+    friend std::ostream& operator<<(std::ostream& os, const Shown& s) {
+      return os << '"' << s.text << "\" \"" << s.title << (s.icon == MessageIcon::Stop ? "\" stop" : "\" info");
+    }
   };
+
   void show(const std::string& text, const std::string& title, MessageIcon icon) override {
     shown.push_back({text, title, icon});
   }

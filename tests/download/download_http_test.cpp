@@ -17,6 +17,8 @@ namespace {
 
 namespace fs = std::filesystem;
 using testing::ReadFile;
+using Message = testing::RecordingSink::Shown;
+using Messages = std::vector<Message>;
 
 constexpr int kStations = 1, kVisual = 2, kIridium = 15;
 
@@ -63,9 +65,8 @@ TEST_F(DownloadHttp, LoadsSavesAndNamesTheCopy) {
   const std::string url = server.base("ok") + "/NORAD/elements/visual.txt";
   EXPECT_EQ(result.status, DownloadStatus::Saved);
   EXPECT_EQ(result.count, 144);
-  ASSERT_EQ(sink.shown.size(), 1u);
-  EXPECT_EQ(sink.shown[0].text, "Data of 144 satellites successfully read from " + url + ".");
-  EXPECT_EQ(sink.shown[0].title, "Info.");
+  EXPECT_EQ(sink.shown, (Messages{{"Data of 144 satellites successfully read from " + url + ".", "Info.",
+                                   MessageIcon::Information}}));
   EXPECT_EQ(catalogue->satelliteCount, 144);
   const fs::path copy = documents / "visual.txt";
   EXPECT_EQ(ReadFile(copy), ReadFile(NORVANE_DATA_DIR "/visual_2017-04-14.txt"));
@@ -126,9 +127,7 @@ TEST_F(DownloadHttp, NoAnswerLoadsAndWritesNothing) {
     const auto result = download(base, kStations);
     EXPECT_LT(std::chrono::steady_clock::now() - started, std::chrono::seconds(3));
     EXPECT_EQ(result.status, DownloadStatus::NoUrl);
-    ASSERT_EQ(sink.shown.size(), 1u);
-    EXPECT_EQ(sink.shown[0].text, "Can't connect to url!");
-    EXPECT_EQ(sink.shown[0].title, base + "/NORAD/elements/stations.txt");
+    EXPECT_EQ(sink.shown, (Messages{{"Can't connect to url!", base + "/NORAD/elements/stations.txt", MessageIcon::Stop}}));
     EXPECT_EQ(catalogue->satelliteCount, 5);
     EXPECT_EQ(store.writes, 0);
     expectOldCopyOnly();
@@ -144,9 +143,8 @@ TEST_F(DownloadHttp, ABodyThatBreaksOffLoadsAndWritesNothing) {
     catalogue->satelliteCount = 5;
     const auto result = download(server.base(mode), kStations);
     EXPECT_EQ(result.status, DownloadStatus::ReadError);
-    ASSERT_EQ(sink.shown.size(), 1u);
-    EXPECT_EQ(sink.shown[0].text, "Error reading data!");
-    EXPECT_EQ(sink.shown[0].title, server.base(mode) + "/NORAD/elements/stations.txt");
+    EXPECT_EQ(sink.shown,
+              (Messages{{"Error reading data!", server.base(mode) + "/NORAD/elements/stations.txt", MessageIcon::Stop}}));
     EXPECT_EQ(catalogue->satelliteCount, 5);
     expectOldCopyOnly();
   }
@@ -159,9 +157,7 @@ TEST_F(DownloadHttp, UnwritableDocumentsFolderKeepsTheCatalogue) {
   EXPECT_EQ(catalogue->satelliteCount, 144);
   ASSERT_EQ(sink.shown.size(), 3u);
   EXPECT_EQ(sink.shown[1].text, "I can't open the file!");
-  EXPECT_EQ(sink.shown[2].text, "Error saving data to My Documents!");
-  EXPECT_EQ(sink.shown[2].title, "Save error");
-  EXPECT_EQ(sink.shown[2].icon, MessageIcon::Stop);
+  EXPECT_EQ(sink.shown[2], (Message{"Error saving data to My Documents!", "Save error", MessageIcon::Stop}));
   // The settings already name the copy that could not be written.
   EXPECT_EQ(settings.lastOpen, (documents / "plain" / "visual.txt").string());
   EXPECT_EQ(store.values.count("Last_Open"), 1u);

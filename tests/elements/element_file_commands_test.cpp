@@ -43,9 +43,9 @@ TEST_F(ElementFileCommands, OpenTakesEitherCaseIridiumAndLowerCaseGps) {
   EXPECT_EQ(state.tapPicked, 0);
   EXPECT_EQ(state.viewMatrix[1], 0.0);
   EXPECT_EQ(settings.downlink, 130.0);
-  ASSERT_EQ(messages.shown.size(), 1u);
-  EXPECT_EQ(messages.shown[0].text, "Data of 2 satellites successfully read from " + folder + "/Iridium.txt");
-  EXPECT_EQ(messages.shown[0].title, "Info");
+  EXPECT_EQ(messages.shown, (std::vector<testing::RecordingSink::Shown>{
+                                {"Data of 2 satellites successfully read from " + folder + "/Iridium.txt", "Info",
+                                 MessageIcon::Information}}));
   EXPECT_EQ(settings.lastOpen, folder + "/Iridium.txt");
   EXPECT_EQ(store.values.count("Last_Open"), 1u);
 

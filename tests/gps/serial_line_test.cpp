@@ -199,12 +199,9 @@ TEST(GpsReceiver, StartUpAndPortTest) {
   EXPECT_EQ(settings.tracking, 1);
   ASSERT_TRUE(WaitFor([&] { return OpenGpsDevice(end.path()) == nullptr; }));
   EXPECT_TRUE(TestGpsPort(thread, settings, MapTo(end.path()), sink));
-  ASSERT_EQ(sink.shown.size(), 2u);
-  EXPECT_EQ(sink.shown[0].text, "Could not open the COM1: port");
-  EXPECT_EQ(sink.shown[0].title, "");
-  EXPECT_EQ(sink.shown[0].icon, MessageIcon::Stop);
-  EXPECT_EQ(sink.shown[1].text, "COM port set correctly.");
-  EXPECT_EQ(sink.shown[1].title, "GPS");
+  EXPECT_EQ(sink.shown, (std::vector<testing::RecordingSink::Shown>{
+                            {"Could not open the COM1: port", "", MessageIcon::Stop},
+                            {"COM port set correctly.", "GPS", MessageIcon::Information}}));
 }
 
 }  // namespace
