@@ -58,7 +58,8 @@ TEST(Download, OutOfRangeRowsAndAMissingSessionChangeNothing) {
   EXPECT_TRUE(sink.shown.empty());
 
   EXPECT_EQ(downloadCategory(2, context, target).status, DownloadStatus::NoInternet);
-  EXPECT_EQ(sink.shown, (std::vector<testing::RecordingSink::Shown>{{"Can't connect to Internet!", "", MessageIcon::Stop}}));
+  EXPECT_EQ(sink.shown,
+            (std::vector<testing::RecordingSink::Shown>{{"Can't connect to Internet!", "", MessageIcon::Stop}}));
   EXPECT_EQ(mark, 1);
   EXPECT_EQ(settings.flares, 1);
   EXPECT_EQ(catalogue->satelliteCount, 3);

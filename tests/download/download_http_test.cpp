@@ -127,7 +127,8 @@ TEST_F(DownloadHttp, NoAnswerLoadsAndWritesNothing) {
     const auto result = download(base, kStations);
     EXPECT_LT(std::chrono::steady_clock::now() - started, std::chrono::seconds(3));
     EXPECT_EQ(result.status, DownloadStatus::NoUrl);
-    EXPECT_EQ(sink.shown, (Messages{{"Can't connect to url!", base + "/NORAD/elements/stations.txt", MessageIcon::Stop}}));
+    const std::string url = base + "/NORAD/elements/stations.txt";
+    EXPECT_EQ(sink.shown, (Messages{{"Can't connect to url!", url, MessageIcon::Stop}}));
     EXPECT_EQ(catalogue->satelliteCount, 5);
     EXPECT_EQ(store.writes, 0);
     expectOldCopyOnly();
@@ -143,8 +144,8 @@ TEST_F(DownloadHttp, ABodyThatBreaksOffLoadsAndWritesNothing) {
     catalogue->satelliteCount = 5;
     const auto result = download(server.base(mode), kStations);
     EXPECT_EQ(result.status, DownloadStatus::ReadError);
-    EXPECT_EQ(sink.shown,
-              (Messages{{"Error reading data!", server.base(mode) + "/NORAD/elements/stations.txt", MessageIcon::Stop}}));
+    const std::string url = server.base(mode) + "/NORAD/elements/stations.txt";
+    EXPECT_EQ(sink.shown, (Messages{{"Error reading data!", url, MessageIcon::Stop}}));
     EXPECT_EQ(catalogue->satelliteCount, 5);
     expectOldCopyOnly();
   }

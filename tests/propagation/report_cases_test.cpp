@@ -98,8 +98,8 @@ TEST_F(ReportCases, ProductionDeepSpacePathTakesTheYearAs2000PlusYy) {
 
   for (const int mode : {0, kSgp8Mode}) {
     const char* name = mode == kSgp8Mode ? "sdp8" : "sdp4";
-    const Difference production =
-        compare(cases[1].rows[name], test::modelSteps(*models, work, mode), mode == kSgp8Mode ? "SDP8@2080" : "SDP4@2080");
+    const char* label = mode == kSgp8Mode ? "SDP8@2080" : "SDP4@2080";
+    const Difference production = compare(cases[1].rows[name], test::modelSteps(*models, work, mode), label);
     // The lunar-solar terms of 2080 move the satellite by kilometres.
     EXPECT_GT(production.positionM, 1500.0) << name;
     EXPECT_LT(production.positionM, 7000.0) << name;
