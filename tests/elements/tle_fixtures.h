@@ -1,4 +1,5 @@
 #pragma once
+#include <cstdio>
 #include <string>
 
 namespace norvane::test {
@@ -12,6 +13,16 @@ inline const std::string kIssLine2 =
 
 inline std::string issEntry(const std::string& name = kIssName, const char* eol = "\r\n") {
   return name + eol + kIssLine1 + eol + kIssLine2 + eol;
+}
+
+// The ISS entry under another catalogue number, so entries can be told apart.
+inline std::string numberedEntry(int catnr) {
+  char number[8];
+  std::snprintf(number, sizeof number, "%05d", catnr);
+  std::string line1 = kIssLine1, line2 = kIssLine2;
+  line1.replace(2, 5, number);
+  line2.replace(2, 5, number);
+  return kIssName + "\r\n" + line1 + "\r\n" + line2 + "\r\n";
 }
 
 }  // namespace norvane::test

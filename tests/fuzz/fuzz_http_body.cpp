@@ -2,12 +2,12 @@
 // read, loaded as the catalogue, saved as the copy in a scratch folder), with
 // the fetch's outcome and the category row taken from the first two bytes.
 #include <cstdint>
-#include <cstdlib>
 #include <memory>
 #include <string>
 
 #include "download/element_download.h"
 #include "settings/memory_settings_store.h"
+#include "tests/common/test_support.h"
 
 namespace {
 
@@ -22,18 +22,9 @@ class CannedHttp : public norvane::HttpClient {
   }
 };
 
-class SilentSink : public norvane::MessageSink {
- public:
-  void show(const std::string&, const std::string&, norvane::MessageIcon) override {}
-};
-
 const std::string& scratchFolder() {
-  static const std::string folder = [] {
-    char pattern[] = "/tmp/norvane-fuzz-http-XXXXXX";
-    const char* made = mkdtemp(pattern);
-    return std::string(made != nullptr ? made : "/tmp");
-  }();
-  return folder;
+  static const norvane::testing::TempFolder folder;
+  return folder.path;
 }
 
 }  // namespace
@@ -44,7 +35,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   CannedHttp http;
   http.response.outcome = static_cast<norvane::HttpOutcome>(data[0] % 3);
   http.response.body.assign(reinterpret_cast<const char*>(data + 2), size - 2);
-  SilentSink sink;
+  norvane::testing::QuietSink sink;
   norvane::MemorySettingsStore store;
   norvane::DownloadContext context{http, sink, store, "http://127.0.0.1:9", scratchFolder()};
   norvane::Settings settings;

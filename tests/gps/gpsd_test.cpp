@@ -1,26 +1,17 @@
-#include <arpa/inet.h>
-#include <netinet/in.h>
-#include <signal.h>
-#include <fcntl.h>
-#include <spawn.h>
-#include <sys/socket.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <fstream>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include "gps/gps_thread.h"
 #include "gps/gpsd_connection.h"
 #include "gps/steady_clock.h"
+#include "tests/common/child_process.h"
+#include "tests/common/test_support.h"
 #include "tests/gps/pty_feed.h"
-
-extern char** environ;
 
 namespace norvane {
 namespace {
@@ -37,62 +28,15 @@ std::string GpsdProgram() {
   return "";
 }
 
-// A loopback port that nobody listens on right now.
-int FreeLoopbackPort() {
-  const int fd = ::socket(AF_INET, SOCK_STREAM, 0);
-  sockaddr_in address{};
-  address.sin_family = AF_INET;
-  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-  socklen_t size = sizeof address;
-  int port = 0;
-  if (::bind(fd, reinterpret_cast<sockaddr*>(&address), size) == 0 &&
-      ::getsockname(fd, reinterpret_cast<sockaddr*>(&address), &size) == 0) {
-    port = ntohs(address.sin_port);
-  }
-  ::close(fd);
-  return port;
-}
-
-// gpsd in the foreground on 127.0.0.1:port, reading one device; ended by its pid.
-class Gpsd {
- public:
+// gpsd in the foreground on 127.0.0.1:port, reading one device.
+struct Gpsd {
   Gpsd(const std::string& program, int port, const std::string& device)
-      : control_("/tmp/norvane-gpsd-test-" + std::to_string(::getpid()) + ".sock") {
-    const std::string portText = std::to_string(port);
-    std::vector<std::string> args = {program, "-N", "-n", "-b", "-S", portText, "-F", control_, device};
-    std::vector<char*> argv;
-    argv.reserve(args.size() + 1);
-    for (std::string& a : args) argv.push_back(a.data());
-    argv.push_back(nullptr);
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addopen(&actions, 2, "/dev/null", O_WRONLY, 0);
-    if (posix_spawn(&pid_, program.c_str(), &actions, nullptr, argv.data(), environ) != 0) pid_ = -1;
-    posix_spawn_file_actions_destroy(&actions);
-  }
-  ~Gpsd() {
-    if (pid_ <= 0) return;
-    ::kill(pid_, SIGTERM);
-    for (int i = 0; i < 100 && ::waitpid(pid_, nullptr, WNOHANG) == 0; ++i) std::this_thread::sleep_for(20ms);
-    if (::waitpid(pid_, nullptr, WNOHANG) == 0) {
-      ::kill(pid_, SIGKILL);
-      ::waitpid(pid_, nullptr, 0);
-    }
-    ::unlink(control_.c_str());
-  }
-  bool started() const { return pid_ > 0; }
-
- private:
-  pid_t pid_ = -1;
-  std::string control_;
+      : control("/tmp/norvane-gpsd-test-" + std::to_string(::getpid()) + ".sock"),
+        child({program, "-N", "-n", "-b", "-S", std::to_string(port), "-F", control, device}) {}
+  ~Gpsd() { ::unlink(control.c_str()); }
+  std::string control;
+  testing::ChildProcess child;
 };
-
-std::string ReadFile(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::ostringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
 
 TEST(GpsdAddress, Forms) {
   std::string host, port;
@@ -106,15 +50,14 @@ TEST(GpsdAddress, Forms) {
 TEST(Gpsd, ThreadReadsRawNmeaThroughARealGpsd) {
   const std::string program = GpsdProgram();
   if (program.empty()) GTEST_SKIP() << "gpsd is not installed (Debian package gpsd): live gpsd test skipped";
-  const std::string log = ReadFile(std::string(NORVANE_TEST_DIR) + "/data/kiel_drive.nmea");
+  const std::string log = testing::ReadFile(std::string(NORVANE_TEST_DIR) + "/data/kiel_drive.nmea");
   ASSERT_FALSE(log.empty());
-  PtyEnd end;
+  PtyEnd end(true);
   ASSERT_TRUE(end.ok());
-  end.makeRaw();
-  const int port = FreeLoopbackPort();
+  const int port = testing::FreeLoopbackPort();
   ASSERT_GT(port, 0);
   Gpsd gpsd(program, port, end.path());
-  ASSERT_TRUE(gpsd.started());
+  ASSERT_TRUE(gpsd.child.started());
   Receiver receiver(end, log, std::chrono::microseconds(200));
 
   SteadyClock clock;

@@ -24,10 +24,11 @@ class StringFeed : public ByteSource {
   std::size_t next_ = 0;
 };
 
+// A clock standing still, or moving on by step at every reading.
 class FixedClock : public Clock {
  public:
-  std::uint32_t tickCount() override { return ticks; }
-  std::uint32_t ticks = 4242;
+  std::uint32_t tickCount() override { return ticks += step; }
+  std::uint32_t ticks = 4242, step = 0;
 };
 
 // "$BODY*HH\r\n" with the checksum of BODY.

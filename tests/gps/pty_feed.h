@@ -16,11 +16,17 @@ namespace norvane::test {
 // device plays the port.
 class PtyEnd {
  public:
-  PtyEnd() {
+  // raw: a line as a receiver expects it once configured, no echo.
+  explicit PtyEnd(bool raw = false) {
     fd_ = ::posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
     if (fd_ < 0 || ::grantpt(fd_) != 0 || ::unlockpt(fd_) != 0) return;
     char name[128] = {};
     if (::ptsname_r(fd_, name, sizeof name) == 0) path_ = name;
+    termios t{};
+    if (raw && ::tcgetattr(fd_, &t) == 0) {
+      ::cfmakeraw(&t);
+      ::tcsetattr(fd_, TCSANOW, &t);
+    }
   }
   ~PtyEnd() { hangUp(); }
   PtyEnd(const PtyEnd&) = delete;
@@ -29,14 +35,6 @@ class PtyEnd {
   bool ok() const { return fd_ >= 0 && !path_.empty(); }
   int fd() const { return fd_; }
   const std::string& path() const { return path_; }  // the port's device
-
-  // A line as a receiver expects it once configured: raw, no echo.
-  void makeRaw() {
-    termios t{};
-    if (::tcgetattr(fd_, &t) != 0) return;
-    ::cfmakeraw(&t);
-    ::tcsetattr(fd_, TCSANOW, &t);
-  }
 
   // Writes all of bytes, one byte per perByte, giving up at the deadline.
   bool write(const std::string& bytes, std::chrono::microseconds perByte,

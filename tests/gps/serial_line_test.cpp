@@ -9,6 +9,7 @@
 #include "gps/gps_thread.h"
 #include "gps/nmea_decoder.h"
 #include "gps/steady_clock.h"
+#include "tests/common/test_support.h"
 #include "tests/gps/nmea_feed.h"
 #include "tests/gps/pty_feed.h"
 
@@ -32,17 +33,6 @@ std::string Script(const std::string& latitude, const std::string& longitude) {
          Nmea("GPGSA,A,3,05,07,,,,,,,,,,,2.0,1.1,1.7") + Nmea("GPGSV,1,1,02,05,45,180,40,07,10,90,31");
 }
 
-struct RecordingSink : MessageSink {
-  void show(const std::string& text, const std::string& title, MessageIcon icon) override {
-    shown.push_back({text, title, icon});
-  }
-  struct Shown {
-    std::string text, title;
-    MessageIcon icon;
-  };
-  std::vector<Shown> shown;
-};
-
 GpsPortMap MapTo(const std::string& device) {
   GpsPortMap map;
   map.devices[1] = device;
@@ -55,6 +45,12 @@ GpsSettings Tracking(int altReading) {
   s.baudIndex = 4;  // 9600
   s.altReading = altReading;
   return s;
+}
+
+void Start(GpsThread& thread, const GpsSettings& settings, const std::string& device, int view) {
+  thread.configure(settings, MapTo(device));
+  thread.setView(view);
+  thread.start();
 }
 
 TEST(GpsPort, OpeningSetsTheLineOrSaysWhy) {
@@ -99,12 +95,9 @@ class GpsThreadLine : public ::testing::TestWithParam<int> {};
 TEST_P(GpsThreadLine, ReadsAtSerialPaceAndSurvivesAHangUp) {
   SteadyClock clock;
   GpsThread thread(clock);
-  auto end = std::make_unique<PtyEnd>();
+  auto end = std::make_unique<PtyEnd>(true);
   ASSERT_TRUE(end->ok());
-  end->makeRaw();
-  thread.configure(Tracking(GetParam()), MapTo(end->path()));
-  thread.setView(kGpsViewGpsPage);
-  thread.start();
+  Start(thread, Tracking(GetParam()), end->path(), kGpsViewGpsPage);
   {
     Receiver receiver(*end, Script("4807.038", "01131.000"), kSerialPace);
     ASSERT_TRUE(WaitFor([&] { return thread.data().prn[1] == 7 && thread.data().latitude != 0.0; }));
@@ -124,9 +117,8 @@ TEST_P(GpsThreadLine, ReadsAtSerialPaceAndSurvivesAHangUp) {
   std::this_thread::sleep_for(300ms);
   EXPECT_TRUE(thread.running());
   // ...and comes back on a fresh line with a new position.
-  end = std::make_unique<PtyEnd>();
+  end = std::make_unique<PtyEnd>(true);
   ASSERT_TRUE(end->ok());
-  end->makeRaw();
   thread.configure(Tracking(GetParam()), MapTo(end->path()));
   {
     Receiver receiver(*end, Script("5130.000", "00007.000"), kSerialPace);
@@ -144,14 +136,11 @@ INSTANTIATE_TEST_SUITE_P(Methods, GpsThreadLine, ::testing::Values(0, 1),
 TEST(GpsThread, LeavesThePortAloneWhileTrackingIsOff) {
   SteadyClock clock;
   GpsThread thread(clock);
-  PtyEnd end;
+  PtyEnd end(true);
   ASSERT_TRUE(end.ok());
-  end.makeRaw();
   GpsSettings settings = Tracking(0);
   settings.tracking = 0;
-  thread.configure(settings, MapTo(end.path()));
-  thread.setView(kGpsViewGpsPage);
-  thread.start();
+  Start(thread, settings, end.path(), kGpsViewGpsPage);
   Receiver receiver(end, Script("4807.038", "01131.000"), kSerialPace);
   std::this_thread::sleep_for(400ms);
   EXPECT_EQ(thread.cycles(), 0u);
@@ -164,12 +153,9 @@ TEST(GpsThread, LeavesThePortAloneWhileTrackingIsOff) {
 TEST(GpsThread, ObserverOnlyFromAKnownPosition) {
   SteadyClock clock;
   GpsThread thread(clock);
-  PtyEnd end;
+  PtyEnd end(true);
   ASSERT_TRUE(end.ok());
-  end.makeRaw();
-  thread.configure(Tracking(1), MapTo(end.path()));
-  thread.setView(kGpsViewInfo);  // wants VTG and GGA, never GLL
-  thread.start();
+  Start(thread, Tracking(1), end.path(), kGpsViewInfo);  // wants VTG and GGA, never GLL
   {
     Receiver gllOnly(end, Nmea("GPGLL,4916.45,N,12311.12,W,225444,A,"), kSerialPace);
     ASSERT_TRUE(WaitFor([&] { return thread.cycles() >= 3; }));
@@ -186,7 +172,7 @@ TEST(GpsThread, ObserverOnlyFromAKnownPosition) {
 
 TEST(GpsReceiver, StartUpAndPortTest) {
   SteadyClock clock;
-  RecordingSink sink;
+  testing::RecordingSink sink;
   {
     GpsThread thread(clock);
     GpsSettings none;
@@ -213,12 +199,9 @@ TEST(GpsReceiver, StartUpAndPortTest) {
   EXPECT_EQ(settings.tracking, 1);
   ASSERT_TRUE(WaitFor([&] { return OpenGpsDevice(end.path()) == nullptr; }));
   EXPECT_TRUE(TestGpsPort(thread, settings, MapTo(end.path()), sink));
-  ASSERT_EQ(sink.shown.size(), 2u);
-  EXPECT_EQ(sink.shown[0].text, "Could not open the COM1: port");
-  EXPECT_EQ(sink.shown[0].title, "");
-  EXPECT_EQ(sink.shown[0].icon, MessageIcon::Stop);
-  EXPECT_EQ(sink.shown[1].text, "COM port set correctly.");
-  EXPECT_EQ(sink.shown[1].title, "GPS");
+  EXPECT_EQ(sink.shown, (std::vector<testing::RecordingSink::Shown>{
+                            {"Could not open the COM1: port", "", MessageIcon::Stop},
+                            {"COM port set correctly.", "GPS", MessageIcon::Information}}));
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 #pragma once
+#include <cmath>
 #include <fstream>
 #include <map>
 #include <memory>
@@ -74,6 +75,30 @@ inline WorkingSet workingSetOf(const Satellite& sat) {
   WorkingSet work;
   initialiseWorkingSet(work, sat);
   return work;
+}
+
+// A model's position and velocity in earth radii (per minute), in km and km/s.
+struct Position {
+  StateVector r, v;
+};
+inline Position inKilometres(StateVector r, StateVector v) {
+  for (double* c : {&r.x, &r.y, &r.z}) *c *= kKilometresPerEarthRadius;
+  for (double* c : {&v.x, &v.y, &v.z}) *c *= kKmPerSecondPerEarthRadiusPerMinute;
+  return {r, v};
+}
+
+inline double distance(const StateVector& a, const StateVector& b) {
+  return std::sqrt((a.x - b.x) * (a.x - b.x) + (a.y - b.y) * (a.y - b.y) + (a.z - b.z) * (a.z - b.z));
+}
+
+// runModel over successive times, initialised at the first.
+inline auto modelSteps(ModelState& models, const WorkingSet& work, int mode) {
+  return [&models, &work, mode, init = std::uint8_t{0}](double t) mutable {
+    StateVector r, v;
+    runModel(models, t, work, r, v, init, mode);
+    init = 1;
+    return inKilometres(r, v);
+  };
 }
 
 }  // namespace norvane::test

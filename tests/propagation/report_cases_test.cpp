@@ -12,30 +12,18 @@ namespace norvane {
 namespace {
 
 struct Difference {
-  double positionM = 0;  // largest position difference, m
+  double positionM = 0;    // largest position difference, m
   double velocityMmS = 0;  // largest velocity difference, mm/s
 };
 
-double distance(const StateVector& a, const std::vector<double>& row, int first) {
-  const double dx = a.x - row[static_cast<std::size_t>(first)];
-  const double dy = a.y - row[static_cast<std::size_t>(first) + 1];
-  const double dz = a.z - row[static_cast<std::size_t>(first) + 2];
-  return std::sqrt(dx * dx + dy * dy + dz * dz);
-}
-
-// Largest difference from the printed rows; step(t, position, velocity) runs
-// the model in earth radii and earth radii per minute.
+// Largest difference from the printed rows; step(t) gives the model's position in km.
 template <typename Step>
 Difference compare(const std::vector<std::vector<double>>& rows, Step step, const char* label) {
   Difference d;
   for (const std::vector<double>& row : rows) {
-    StateVector r, v;
-    step(row[0], r, v);
-    r.x *= kKilometresPerEarthRadius, r.y *= kKilometresPerEarthRadius, r.z *= kKilometresPerEarthRadius;
-    v.x *= kKmPerSecondPerEarthRadiusPerMinute, v.y *= kKmPerSecondPerEarthRadiusPerMinute,
-        v.z *= kKmPerSecondPerEarthRadiusPerMinute;
-    const double dr = distance(r, row, 1) * 1000.0;
-    const double dv = distance(v, row, 4) * 1.0e6;
+    const test::Position p = step(row[0]);
+    const double dr = test::distance(p.r, {row[1], row[2], row[3], 0}) * 1000.0;
+    const double dv = test::distance(p.v, {row[4], row[5], row[6], 0}) * 1.0e6;
     std::printf("%s t=%6.0f position %8.1f m velocity %6.2f mm/s\n", label, row[0], dr, dv);
     d.positionM = std::max(d.positionM, dr);
     d.velocityMmS = std::max(d.velocityMmS, dv);
@@ -60,20 +48,12 @@ TEST_F(ReportCases, NearEarthModelsDifferOnlyByTheSettledConstants) {
   // Settled constants (6378.137 km, truncated QOMS2T, S and CK4, 11 passes)
   // move the printed positions by up to about 10 m; the report's own
   // single-precision output accounts for the growth with time.
-  std::uint8_t init = 0;
-  const Difference sgp4Diff = compare(cases[0].rows["sgp4"], [&](double t, StateVector& r, StateVector& v) {
-    runModel(*models, t, work, r, v, init, 0);
-    init = 1;
-  }, "SGP4");
+  const Difference sgp4Diff = compare(cases[0].rows["sgp4"], test::modelSteps(*models, work, 0), "SGP4");
   EXPECT_EQ(models->flags.simpleDrag, 1);  // perigee about 198 km
   EXPECT_LT(sgp4Diff.positionM, 12.0);
   EXPECT_LT(sgp4Diff.velocityMmS, 15.0);
 
-  init = 0;
-  const Difference sgp8Diff = compare(cases[0].rows["sgp8"], [&](double t, StateVector& r, StateVector& v) {
-    runModel(*models, t, work, r, v, init, kSgp8Mode);
-    init = 1;
-  }, "SGP8");
+  const Difference sgp8Diff = compare(cases[0].rows["sgp8"], test::modelSteps(*models, work, kSgp8Mode), "SGP8");
   EXPECT_EQ(models->flags.simpleDrag, 1);  // low-drag branch
   EXPECT_LT(sgp8Diff.positionM, 8.0);
   EXPECT_LT(sgp8Diff.velocityMmS, 10.0);
@@ -87,16 +67,20 @@ TEST_F(ReportCases, DeepSpaceEquationsMatchTheReportAtItsOwnEpoch) {
 
   sdp4Initialise(models->sdp4, models->deep, models->flags, work, reportEpochDays());
   EXPECT_EQ(models->flags.resonance, 0);
-  const Difference sdp4Diff = compare(cases[1].rows["sdp4"], [&](double t, StateVector& r, StateVector& v) {
+  const Difference sdp4Diff = compare(cases[1].rows["sdp4"], [&](double t) {
+    StateVector r, v;
     sdp4(models->sdp4, models->deep, models->flags, t, work, r, v, 1);
+    return test::inKilometres(r, v);
   }, "SDP4@1980");
   EXPECT_LT(sdp4Diff.positionM, 25.0);
   EXPECT_LT(sdp4Diff.velocityMmS, 5.0);
 
   // SDP8's eta of 0.974 magnifies the truncated S through (1 - eta^2)^-3.5.
   sdp8Initialise(models->sdp8, models->deep, models->flags, work, reportEpochDays());
-  const Difference sdp8Diff = compare(cases[1].rows["sdp8"], [&](double t, StateVector& r, StateVector& v) {
+  const Difference sdp8Diff = compare(cases[1].rows["sdp8"], [&](double t) {
+    StateVector r, v;
     sdp8(models->sdp8, models->deep, models->flags, t, work, r, v, 1);
+    return test::inKilometres(r, v);
   }, "SDP8@1980");
   EXPECT_LT(sdp8Diff.positionM, 150.0);
   EXPECT_LT(sdp8Diff.velocityMmS, 50.0);
@@ -114,11 +98,8 @@ TEST_F(ReportCases, ProductionDeepSpacePathTakesTheYearAs2000PlusYy) {
 
   for (const int mode : {0, kSgp8Mode}) {
     const char* name = mode == kSgp8Mode ? "sdp8" : "sdp4";
-    std::uint8_t init = 0;
-    const Difference production = compare(cases[1].rows[name], [&](double t, StateVector& r, StateVector& v) {
-      runModel(*models, t, work, r, v, init, mode);
-      init = 1;
-    }, mode == kSgp8Mode ? "SDP8@2080" : "SDP4@2080");
+    const char* label = mode == kSgp8Mode ? "SDP8@2080" : "SDP4@2080";
+    const Difference production = compare(cases[1].rows[name], test::modelSteps(*models, work, mode), label);
     // The lunar-solar terms of 2080 move the satellite by kilometres.
     EXPECT_GT(production.positionM, 1500.0) << name;
     EXPECT_LT(production.positionM, 7000.0) << name;

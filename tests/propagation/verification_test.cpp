@@ -28,18 +28,6 @@ std::vector<double> timesOf(const test::VerificationCase& c) {
   return times;
 }
 
-struct Position {
-  StateVector r, v;  // km, km/s
-};
-
-Position run(ModelState& models, const WorkingSet& work, double t, std::uint8_t init, int mode) {
-  Position p;
-  runModel(models, t, work, p.r, p.v, init, mode);
-  for (double* c : {&p.r.x, &p.r.y, &p.r.z}) *c *= kKilometresPerEarthRadius;
-  for (double* c : {&p.v.x, &p.v.y, &p.v.z}) *c *= kKmPerSecondPerEarthRadiusPerMinute;
-  return p;
-}
-
 TEST(VerificationSets, EverySetRunsOverItsRangeWithBothFamilies) {
   const std::vector<test::VerificationCase> cases = test::readVerificationCases();
   ASSERT_EQ(cases.size(), 29u);
@@ -49,10 +37,9 @@ TEST(VerificationSets, EverySetRunsOverItsRangeWithBothFamilies) {
     const WorkingSet work = test::workingSetOf(c.sat);
     deepSpace += work.isDeepSpace;
     for (const int mode : {0, kSgp8Mode}) {
-      std::uint8_t init = 0;
+      auto step = test::modelSteps(*models, work, mode);
       for (const double t : timesOf(c)) {
-        const Position p = run(*models, work, t, init, mode);
-        init = 1;
+        const test::Position p = step(t);
         finitePositions += std::isfinite(p.r.x) && std::isfinite(p.r.y) && std::isfinite(p.r.z);
       }
     }
@@ -65,7 +52,7 @@ TEST(VerificationSets, EverySetRunsOverItsRangeWithBothFamilies) {
 struct OracleRow {
   double t;
   int error;
-  Position p;
+  test::Position p;
 };
 
 bool runOracle(const std::vector<std::pair<WorkingSet, std::vector<double>>>& sets,
@@ -113,10 +100,6 @@ bool runOracle(const std::vector<std::pair<WorkingSet, std::vector<double>>>& se
   return true;
 }
 
-double distance(const StateVector& a, const StateVector& b) {
-  return std::sqrt((a.x - b.x) * (a.x - b.x) + (a.y - b.y) * (a.y - b.y) + (a.z - b.z) * (a.z - b.z));
-}
-
 // Position tolerance: the Kepler rule keeps an estimate whose last correction
 // was up to 1e-6 rad, a few metres at these radii, and the oracle's constants
 // (CK2 0.000541308, untruncated QOMS2T and S, 1.25 CK4 7.762359e-7) move
@@ -146,16 +129,15 @@ TEST(VerificationSets, NearEarthSetsAgreeWithAnIndependentSgp4) {
   int compared = 0;
   for (const auto& [work, times] : sets) {
     double worstR = 0, worstV = 0;
-    std::uint8_t init = 0;
+    auto step = test::modelSteps(*models, work, 0);
     for (const OracleRow& row : oracle[work.catnr]) {
-      const Position ours = run(*models, work, row.t, init, 0);
-      init = 1;
+      const test::Position ours = step(row.t);
       if (row.error != 0 || !std::isfinite(ours.r.x + ours.r.y + ours.r.z)) continue;
       if (decaying(work.catnr) && row.t - times.front() > kDecayingSpan) continue;
       StateVector r = row.p.r, v = row.p.v;
       r.x *= rescale, r.y *= rescale, r.z *= rescale, v.x *= rescale, v.y *= rescale, v.z *= rescale;
-      worstR = std::max(worstR, distance(ours.r, r) * 1000.0);
-      worstV = std::max(worstV, distance(ours.v, v) * 1.0e6);
+      worstR = std::max(worstR, test::distance(ours.r, r) * 1000.0);
+      worstV = std::max(worstV, test::distance(ours.v, v) * 1.0e6);
       ++compared;
     }
     std::printf("%05d position %9.3f m velocity %9.3f mm/s\n", work.catnr, worstR, worstV);

@@ -6,6 +6,7 @@
 
 #include "settings/qt_settings_store.h"
 #include "settings/settings_io.h"
+#include "tests/settings/settings_fixtures.h"
 
 namespace norvane {
 namespace {
@@ -14,13 +15,6 @@ void writeFile(const QString& path, const QByteArray& bytes) {
   QFile f(path);
   ASSERT_TRUE(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
   f.write(bytes);
-}
-
-Settings someSettings() {
-  Settings s;
-  s.gpsPort = 3, s.gpsAcceptGN = 1, s.starsMag = 2, s.flagPlanets = 1, s.downlink = 437.8;
-  s.satDisplay = 5, s.lastOpen = "/home/ana/Documents/iridium.txt", s.lat = -0.25;
-  return s;
 }
 
 class QtSettingsStoreTest : public ::testing::Test {
@@ -36,33 +30,26 @@ TEST_F(QtSettingsStoreTest, NoFileMeansDefaultsAndTheFirstSaveCreatesIt) {
   EXPECT_EQ(s.gpsPort, 1);
   EXPECT_FALSE(QFile::exists(iniPath()));
 
-  EXPECT_TRUE(saveGpsGroup(someSettings(), store));
+  EXPECT_TRUE(saveGpsGroup(changedSettings(), store));
   ASSERT_TRUE(QFile::exists(iniPath()));
   // Nothing but the settings file is left in its folder.
   EXPECT_EQ(QDir(dir.path() + "/config/Norvane").entryList(QDir::Files), QStringList{"Norvane.ini"});
 }
 
 TEST_F(QtSettingsStoreTest, EveryGroupSurvivesARestart) {
-  const Settings saved = someSettings();
+  const Settings saved = changedSettings();
   {
     QtSettingsStore store(iniPath());
     saveGpsGroup(saved, store);
     saveSettingsGroup(saved, store);
     Settings located = saved;
-    saveLocationGroup(located, 12, store);
+    saveLocationGroup(located, saved.city, store);
     saveLastFileGroup(saved, store);
   }
   QtSettingsStore reopened(iniPath());
   Settings loaded;
-  EXPECT_EQ(loadSettings(loaded, reopened), 12);
-  EXPECT_EQ(loaded.gpsPort, 3);
-  EXPECT_EQ(loaded.gpsAcceptGN, 1);
-  EXPECT_EQ(loaded.starsMag, 2);
-  EXPECT_EQ(loaded.flagPlanets, 1);
-  EXPECT_EQ(loaded.downlink, 437.8);
-  EXPECT_EQ(loaded.satDisplay, 5);
-  EXPECT_EQ(loaded.lastOpen, saved.lastOpen);
-  EXPECT_EQ(loaded.lat, -0.25);
+  EXPECT_EQ(loadSettings(loaded, reopened), saved.city);
+  expectSame(loaded, saved);
   EXPECT_EQ(reopened.read("Last_Open")->size(), 520u);
 }
 
@@ -98,18 +85,18 @@ TEST_F(QtSettingsStoreTest, DamagedFilesKeepTheDefaultsAndTheNextSaveRepairsThem
     EXPECT_EQ(s.lat, Settings{}.lat);
     EXPECT_EQ(s.gpsPort, 1);
 
-    EXPECT_TRUE(saveGpsGroup(someSettings(), store));
+    EXPECT_TRUE(saveGpsGroup(changedSettings(), store));
     QtSettingsStore again(iniPath());
     Settings t;
     EXPECT_GE(loadSettings(t, again), 0);
-    EXPECT_EQ(t.gpsPort, 3);
+    EXPECT_EQ(t.gpsPort, 4);
   }
 }
 
 TEST_F(QtSettingsStoreTest, AFileThatCannotBeWrittenIsReportedNotThrown) {
   writeFile(dir.path() + "/plain", "x");
   QtSettingsStore store(dir.path() + "/plain/Norvane.ini");
-  EXPECT_FALSE(saveGpsGroup(someSettings(), store));
+  EXPECT_FALSE(saveGpsGroup(changedSettings(), store));
   Settings s;
   loadSettings(s, store);
   EXPECT_EQ(s.gpsPort, 1);

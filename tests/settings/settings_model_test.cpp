@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "settings/memory_settings_store.h"
-#include "settings/setting_values.h"
 #include "settings/settings_io.h"
 #include "settings/wide_path.h"
+#include "tests/settings/settings_fixtures.h"
 
 namespace norvane {
 namespace {
@@ -24,21 +24,6 @@ class RecordingStore : public MemorySettingsStore {
   }
   std::vector<std::vector<std::string>> groups;
 };
-
-Settings changedSettings() {
-  Settings s;
-  s.gpsPort = 4, s.gpsSpeed = 7, s.gpsCompass = 0, s.gpsAcceptGN = 1;
-  s.snToNs = 1, s.starsMag = 3, s.satPredictMag = 11, s.satPredictVisible = 1, s.flagRefraction = 1;
-  s.uplink = 145.825, s.downlink = 437.8, s.flares = 1, s.s4s8 = 1, s.flagPlanets = 1, s.flagColors = 1;
-  s.satDisplay = 17, s.lastOpen = "/home/ana/Documents/iridium.txt", s.city = 42;
-  s.lat = -0.5, s.lon = 2.25, s.alt = 1.5;
-  return s;
-}
-
-// Every value compared through its stored bytes.
-void expectSame(const Settings& a, const Settings& b) {
-  for (const SettingValue& v : settingValues()) EXPECT_EQ(v.encode(a), v.encode(b)) << v.name;
-}
 
 TEST(SettingsModel, LoadOrderAndWidths) {
   const std::vector<std::pair<std::string, std::uint32_t>> expected = {

@@ -6,6 +6,7 @@
 
 #include "ui/surface/bitmap_reader.h"
 #include "ui/surface/color.h"
+#include "tests/common/test_support.h"
 #include "ui/surface/skins.h"
 
 namespace norvane {
@@ -77,22 +78,12 @@ TEST(DecodeBitmap, RefusesWhatItCannotReadAndSurvivesAnyBytes) {
   }
 }
 
-class CollectingSink : public MessageSink {
- public:
-  void show(const std::string& text, const std::string& title, MessageIcon icon) override {
-    texts.push_back(text);
-    EXPECT_TRUE(title.empty());
-    EXPECT_EQ(icon, MessageIcon::Stop);
-  }
-  std::vector<std::string> texts;
-};
-
 TEST(LoadSkins, ReadsTheShippedSkinsAtTheirSizes) {
   const DrawingSurface surface = MakeOffscreenSurface();
   Skins skins;
-  CollectingSink messages;
+  testing::RecordingSink messages;
   EXPECT_EQ(LoadSkins(skins, surface, NORVANE_DATA_DIR "/skins", messages), 11);
-  EXPECT_TRUE(messages.texts.empty());
+  EXPECT_TRUE(messages.shown.empty());
   const std::pair<const Image*, std::int32_t> sizes[] = {
       {&skins.iss, 7}, {&skins.hst, 7}, {&skins.sat, 7}, {&skins.notSelected, 7},
       {&skins.gps, 7}, {&skins.gpsUnused, 7}, {&skins.sun, 12}, {&skins.moon, 12},
@@ -110,14 +101,16 @@ TEST(LoadSkins, ReadsTheShippedSkinsAtTheirSizes) {
 TEST(LoadSkins, AMissingFolderNamesEveryFileInOrderAndLeavesEmptyImages) {
   const DrawingSurface surface = MakeOffscreenSurface();
   Skins skins;
-  CollectingSink messages;
+  testing::RecordingSink messages;
   EXPECT_EQ(LoadSkins(skins, surface, NORVANE_TEST_DIR "/no-such-folder", messages), 0);
+  EXPECT_EQ(messages.shown[0].title, "");
+  EXPECT_EQ(messages.shown[0].icon, MessageIcon::Stop);
   const std::vector<std::string> expected = {
       "Read bitmap night.bmp failed!", "Read bitmap day.bmp failed!", "Read bitmap iss.bmp failed!",
       "Read bitmap sun.bmp failed!", "Read bitmap moon.bmp failed!", "Read bitmap moondark.bmp failed!",
       "Read bitmap hst.bmp failed!", "Read bitmap sat.bmp failed!", "Read bitmap notsell.bmp failed!",
       "Read bitmap GPS.bmp failed!", "Read bitmap GPSU.bmp failed!"};
-  EXPECT_EQ(messages.texts, expected);
+  EXPECT_EQ(messages.texts(), expected);
   EXPECT_TRUE(skins.night.empty());
   EXPECT_FALSE(skins.observer.empty());  // built in, always there
 }

@@ -84,12 +84,6 @@ TEST(FillRect, ColumnsPastTheRightEdgeWrapAndNothingLeavesTheBuffer) {
   EXPECT_EQ(surface.buffer.size(), 240u * 320u);
 }
 
-}  // namespace
-}  // namespace norvane
-
-namespace norvane {
-namespace {
-
 // Any arguments at all stay inside the buffer (checked by the sanitizer
 // builds), on a surface scanned from the right as well as on the usual one.
 TEST(Primitives, SurviveArbitraryArgumentsOnEitherScanOrder) {

@@ -1,18 +1,12 @@
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <string>
 
-#include "core/elements/element_file.h"
+#include "tests/views/view_fixture.h"
 #include "ui/views/info_page.h"
 
 namespace norvane {
 namespace {
-
-class NoMessages : public MessageSink {
- public:
-  void show(const std::string&, const std::string&, MessageIcon) override {}
-};
 
 TEST(InfoPage, ShapeLines) {
   EXPECT_EQ(ShapeLine(99999), "Shape not know. ");  // not in the table: record 0
@@ -66,25 +60,19 @@ TEST(InfoPage, WholePageForATableSatellite) {
       "NOAA 15                 \r\n"
       "1 25338U 98030A   17104.58156486  .00000481  00000-0  47674-4 0  9990\r\n"
       "2 25338  98.7800 154.7758 0010000 199.7078 157.9879 14.25000000674162\r\n";
-  auto catalogue = std::make_unique<Catalogue>();
-  NoMessages sink;
-  ASSERT_EQ(readElementFile(*catalogue, sink, text, "noaa.txt"), 1);
-  AppState app;
-  app.currentTime = 2457858.4;
-  app.viewMode = ViewMode::Info;
-  Settings settings;
+  test::ViewFixture f;
+  testing::QuietSink sink;
+  ASSERT_EQ(readElementFile(*f.catalogue, sink, text, "noaa.txt"), 1);
+  f.app.currentTime = 2457858.4;
+  f.app.viewMode = ViewMode::Info;
+  Settings& settings = f.settings;
   settings.flagColors = 1;
-  GpsData gps;
-  gps.fixMode = 3;
-  gps.hour = 7;
-  gps.minute = 5;
-  gps.second = 9;
-  auto skins = std::make_unique<Skins>();
-  auto caches = std::make_unique<ViewCaches>();
-  DrawingSurface surface;
-  ViewWorld world{app, *catalogue, settings, gps, *skins, *caches, surface, nullptr};
+  f.gps.fixMode = 3;
+  f.gps.hour = 7;
+  f.gps.minute = 5;
+  f.gps.second = 9;
   InfoTiming timing;
-  const auto lines = FormatInfoPage(world, settings, timing, InfoOptions{});
+  const auto lines = FormatInfoPage(f.world, settings, timing, InfoOptions{});
   ASSERT_EQ(lines.size(), 17u);
   EXPECT_EQ(lines[0].left, "Local time 21:36:00");
   EXPECT_EQ(lines[0].right, "2017.04.14");

@@ -84,20 +84,6 @@ TEST(SkyView, BackgroundFollowsTheSun) {
   EXPECT_EQ(f.at(2, 60), f.color(Rgb(0, 0, 120)));
 }
 
-TEST(GpsPage, TrackingOffShowsOnlyTheClock) {
-  ViewFixture f;
-  f.app.gpsTracking = 0;
-  f.gps.fixMode = 3;
-  PaintGpsPage(f.world, f.app.currentTime);
-  int black = 0, red = 0;
-  for (std::int32_t x = 0; x < 240; ++x) {
-    for (std::int32_t y = 18; y < 195; ++y) black += f.at(x, y) != f.color(Rgb(255, 255, 255)) ? 1 : 0;
-    for (std::int32_t y = 200; y < 208; ++y) red += f.at(x, y) == f.color(Rgb(230, 0, 0)) ? 1 : 0;
-  }
-  EXPECT_EQ(black, 0);
-  EXPECT_GT(red, 50);
-}
-
 TEST(GpsPage, DilutionBarsAndSignalChart) {
   EXPECT_EQ(DilutionBoxes(0.0), 0);
   EXPECT_EQ(DilutionBoxes(2.0), 2);

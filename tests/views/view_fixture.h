@@ -5,14 +5,10 @@
 #include "core/elements/element_file.h"
 #include "ui/surface/color.h"
 #include "ui/surface/skins.h"
+#include "tests/common/test_support.h"
 #include "ui/views/view_world.h"
 
 namespace norvane::test {
-
-class QuietSink : public MessageSink {
- public:
-  void show(const std::string&, const std::string&, MessageIcon) override {}
-};
 
 // A whole world for one paint: the visual element file of 14 April 2017, the
 // data skins, an observer at Kiel and 23:00 local time that evening.
@@ -27,7 +23,7 @@ struct ViewFixture {
   ViewWorld world{app, *catalogue, settings, gps, *skins, *caches, surface, nullptr};
 
   ViewFixture() {
-    QuietSink sink;
+    testing::QuietSink sink;
     openElementFile(*catalogue, sink, std::string(NORVANE_DATA_DIR) + "/visual_2017-04-14.txt");
     for (int i = 0; i < catalogue->satelliteCount; ++i) catalogue->selected[static_cast<std::size_t>(i)] = 1;
     LoadSkins(*skins, surface, std::string(NORVANE_DATA_DIR) + "/skins", sink);
