@@ -1,5 +1,7 @@
 #include "download/element_download.h"
 
+#include "core/text/format.h"
+
 #include <cstdio>
 #include <string>
 
@@ -12,14 +14,6 @@ namespace norvane {
 
 namespace {
 
-std::string format(const char* pattern, std::string_view value) {
-  const std::string text(value);
-  const int size = std::snprintf(nullptr, 0, pattern, text.c_str());
-  std::string out(static_cast<std::size_t>(size > 0 ? size : 0) + 1, '\0');
-  std::snprintf(out.data(), out.size(), pattern, text.c_str());
-  out.pop_back();
-  return out;
-}
 
 void setIridiumMark(int row, DownloadTarget& target) {
   if (row == kIridiumCategory) {
@@ -34,13 +28,13 @@ void setIridiumMark(int row, DownloadTarget& target) {
 
 std::string categoryUrl(std::string_view serverBase, std::string_view fileName) {
   while (!serverBase.empty() && serverBase.back() == '/') serverBase.remove_suffix(1);
-  return std::string(serverBase) + format("/NORAD/elements/%s.txt", fileName);
+  return std::string(serverBase) + format("/NORAD/elements/%s.txt", std::string(fileName).c_str());
 }
 
 std::string downloadPath(std::string_view documentsFolder, std::string_view fileName) {
   std::string folder(documentsFolder);
   if (!folder.empty() && folder.back() != '/') folder += '/';
-  return folder + format("%s.txt", fileName);
+  return folder + format("%s.txt", std::string(fileName).c_str());
 }
 
 int saveDownloadedData(DownloadContext& context, Settings& settings, std::string_view fileName,

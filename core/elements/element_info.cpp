@@ -6,36 +6,16 @@
 #include "core/astro/julian_date.h"
 #include "core/propagation/propagate.h"
 #include "core/propagation/working_set.h"
+#include "core/text/format.h"
 
 namespace norvane {
 namespace {
-
-template <typename... Args>
-std::string format(const char* pattern, Args... args) {
-  const int n = std::snprintf(nullptr, 0, pattern, args...);
-  if (n <= 0) return {};
-  std::string text(static_cast<std::size_t>(n) + 1, '\0');
-  std::snprintf(text.data(), text.size(), pattern, args...);
-  text.resize(static_cast<std::size_t>(n));
-  return text;
-}
 
 // The working copy without unit conversion: every element but xndd6o and
 // elset, so elset reads 0 from the fresh copy.
 WorkingSet plainCopy(const Satellite& sat) {
   WorkingSet work;
-  work.epoch = sat.epoch;
-  work.xndt2o = sat.xndt2o;
-  work.bstar = sat.bstar;
-  work.xincl = sat.xincl;
-  work.xnodeo = sat.xnodeo;
-  work.eo = sat.eo;
-  work.omegao = sat.omegao;
-  work.xmo = sat.xmo;
-  work.xno = sat.xno;
-  work.catnr = sat.catnr;
-  work.revnum = sat.revnum;
-  work.name = sat.name;
+  copyElements(work, sat);
   return work;
 }
 

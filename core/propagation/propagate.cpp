@@ -38,7 +38,7 @@ double epochToJulian(double epoch) {
   return JulianDateOfYear(year) + day;
 }
 
-void initialiseWorkingSet(WorkingSet& work, const Satellite& sat) {
+void copyElements(WorkingSet& work, const Satellite& sat) {
   work.epoch = sat.epoch;
   work.xndt2o = sat.xndt2o;
   work.bstar = sat.bstar;
@@ -51,6 +51,10 @@ void initialiseWorkingSet(WorkingSet& work, const Satellite& sat) {
   work.catnr = sat.catnr;
   work.revnum = sat.revnum;
   work.name = sat.name;
+}
+
+void initialiseWorkingSet(WorkingSet& work, const Satellite& sat) {
+  copyElements(work, sat);
   work.period = 0.0;
 
   work.xnodeo *= kDegreesToRadians;

@@ -19,8 +19,11 @@ inline constexpr int kSgp8Mode = 1;
 // 1957-1999, 00-56 are 2000-2056.
 double epochToJulian(double epoch);
 
-// Copies catalogue entry sat into work (every element but xndd6o and elset,
-// and the name), converts it to model units and sets period and isDeepSpace.
+// Copies catalogue entry sat into work in file units: every element but
+// xndd6o and elset (which keep what work held), and the name.
+void copyElements(WorkingSet& work, const Satellite& sat);
+
+// copyElements, then converts work to model units and sets period and isDeepSpace.
 void initialiseWorkingSet(WorkingSet& work, const Satellite& sat);
 
 // Position (km) and velocity (km/s) of catalogue slot index at Julian date jd,

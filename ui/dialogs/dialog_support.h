@@ -1,4 +1,5 @@
 #pragma once
+#include "core/text/format.h"
 #include <QString>
 #include <QWidget>
 #include <cstdio>
@@ -9,12 +10,7 @@ namespace norvane {
 // printf-style text of any length.
 template <typename... Args>
 std::string FormatText(const char* pattern, Args... args) {
-  const int n = std::snprintf(nullptr, 0, pattern, args...);
-  if (n <= 0) return {};
-  std::string text(static_cast<std::size_t>(n) + 1, '\0');
-  std::snprintf(text.data(), text.size(), pattern, args...);
-  text.resize(static_cast<std::size_t>(n));
-  return text;
+  return format(pattern, args...);
 }
 
 // Texts of the program are plain bytes (names from element files may hold
