@@ -56,7 +56,7 @@ TEST(CirclePoint, HorizonCircles) {
   EXPECT_EQ(overPole.y, 320);  // longitude exactly 180 is not taken 2 pi lower
   // A satellite 400 km up sees about 20 degrees around it.
   const Geodetic sat{0.0, 0.0, 400.0, 0.0};
-  EXPECT_NEAR(CirclePoint(sat, 0.0, 240, 320).x - 120, 20 * 240 / 180, 2);
+  EXPECT_NEAR(CirclePoint(sat, 0.0, 240, 320).x - 120, 20.0 * 240 / 180, 2);
 }
 
 TEST(ViewMatrix, ManipulateSteps) {

@@ -124,7 +124,7 @@ void GlobeCurve(DrawingSurface& surface, const Camera& camera, double gmst, bool
   std::optional<Camera::Placed> previous;
   const int last = meridian ? kSegments / 2 : kSegments;
   for (int k = 0; k <= last; ++k) {
-    const double moving = meridian ? -kPi / 2 + k * kPi / (kSegments / 2) : k * kTwoPi / kSegments;
+    const double moving = meridian ? -kPi / 2 + k * kPi / (kSegments * 0.5) : k * kTwoPi / kSegments;
     const StateVector v = meridian ? EarthPoint(moving, fixed, gmst) : EarthPoint(fixed, moving, gmst);
     const Camera::Placed p = camera.place(v);
     if (previous) {

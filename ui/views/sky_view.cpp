@@ -291,7 +291,8 @@ void DrawTrack(SkyPaint& s) {
   constexpr int kSteps = 100;
   std::optional<Point> previous;
   for (int k = 0; k <= kSteps; ++k) {
-    const double minutes = (k - kSteps / 2) * (period / 2.0) / kSteps;
+    const int fromMiddle = k - kSteps / 2;
+    const double minutes = fromMiddle * (period / 2.0) / kSteps;
     const double t = s.jd + minutes / 1440.0;
     propagate(caches.models, s.world.catalogue, t, caches.work, index, vel, pos, 1, s.world.settings.s4s8);
     VecMagnitude(pos);
