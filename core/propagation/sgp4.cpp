@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "core/propagation/drag_coefficients.h"
 #include "core/propagation/mean_motion_recovery.h"
 #include "core/propagation/model_constants.h"
 #include "core/propagation/secular_rates.h"
@@ -28,26 +29,18 @@ void initialise(Sgp4Constants& k, ModelFlags& flags, const WorkingSet& w) {
   const DensityParameters density = densityParameters(o.aodp, w.eo);
 
   // Drag coefficients.
-  const double tsi = 1.0 / (o.aodp - density.s4);
-  k.eta = o.aodp * w.eo * tsi;
-  const double etasq = k.eta * k.eta;
-  const double eeta = w.eo * k.eta;
-  const double psisq = std::fabs(1.0 - etasq);
-  const double tsi2 = tsi * tsi;
-  const double coef = density.qoms24 * tsi2 * tsi2;
-  const double coef1 = coef / std::pow(psisq, 3.5);
-  const double c2 = coef1 * o.xnodp *
-                    (o.aodp * (1.0 + 1.5 * etasq + eeta * (4.0 + etasq)) +
-                     kCk2x0p75 * tsi / psisq * o.x3thm1 * (8.0 + 3.0 * etasq * (8.0 + etasq)));
-  k.c1 = w.bstar * c2;
+  const DragCoefficients drag = dragCoefficients(o, w, density);
+  const double tsi = drag.tsi;
+  k.eta = drag.eta;
+  const double etasq = drag.etasq;
+  const double eeta = drag.eeta;
+  const double coef = drag.coef;
+  const double coef1 = drag.coef1;
+  k.c1 = drag.c1;
+  k.c4 = drag.c4;
   const double sinio = std::sin(w.xincl);
   const double c3 = coef * tsi * kA3ovk2 * o.xnodp * kAe * sinio / w.eo;
   const double x1mth2 = 1.0 - o.theta2;
-  k.c4 = 2.0 * o.xnodp * coef1 * o.aodp * o.betao2 *
-         (k.eta * (2.0 + 0.5 * etasq) + w.eo * (0.5 + 2.0 * etasq) -
-          kCk2x2 * tsi / (o.aodp * psisq) *
-              (-3.0 * o.x3thm1 * (1.0 - 2.0 * eeta + etasq * (1.5 - 0.5 * eeta)) +
-               0.75 * x1mth2 * (2.0 * etasq - eeta * (1.0 + etasq)) * std::cos(2.0 * w.omegao)));
   k.c5 = 2.0 * coef1 * o.aodp * o.betao2 * (1.0 + 2.75 * (etasq + eeta) + eeta * etasq);
 
   const SecularRates rates = secularRates(o);
