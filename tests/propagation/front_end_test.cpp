@@ -6,6 +6,7 @@
 
 #include "core/astro/julian_date.h"
 #include "core/elements/element_parser.h"
+#include "core/propagation/propagator.h"
 #include "element_sets.h"
 
 namespace norvane {
@@ -143,6 +144,28 @@ TEST_F(FrontEnd, ResonantOrbitsAtAbsurdTimesEndWithoutAHang) {
   for (const double jd : {1.0e300, HUGE_VAL, std::nan(""), -1.0e12}) {
     propagate(*models, *catalogue, jd, work, 0, v, r, 1, 0);
     propagate(*models, *catalogue, jd, work, 0, v, r, 0, kSgp8Mode);
+  }
+}
+
+TEST_F(FrontEnd, PropagatorsAgreeWithTheSharedFrontEndWhateverTheCallOrder) {
+  catalogue->satellites[0] = orbit(15.5, 0.001);
+  catalogue->satellites[1] = orbit(2.0, 0.7, 63.4);
+  const double epoch = epochToJulian(20100.5);
+  for (int index = 0; index < 2; ++index) {
+    for (const ModelFamily family : {ModelFamily::Sgp4Sdp4, ModelFamily::Sgp8Sdp8}) {
+      const int mode = family == ModelFamily::Sgp8Sdp8 ? kSgp8Mode : 0;
+      auto own = std::make_unique<Propagator>(catalogue->satellites[static_cast<std::size_t>(index)], family);
+      auto other = std::make_unique<Propagator>(catalogue->satellites[static_cast<std::size_t>(1 - index)], family);
+      for (const double days : {1.5, -0.3, 0.7}) {  // out of order, a second propagator in between
+        other->stateAt(epoch + days);
+        const OrbitState s = own->stateAt(epoch + days);
+        propagate(*models, *catalogue, epoch + days, work, index, v, r, 0, mode);
+        EXPECT_NEAR(s.positionKm[0], r.x, 1e-6) << index << " " << days;
+        EXPECT_NEAR(s.velocityKmS[2], v.z, 1e-9) << index << " " << days;
+      }
+      EXPECT_STREQ(own->modelName(), modelName(work, mode));
+      EXPECT_DOUBLE_EQ(own->periodMinutes(), work.period);
+    }
   }
 }
 

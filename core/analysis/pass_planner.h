@@ -1,0 +1,44 @@
+#pragma once
+#include <string>
+#include <vector>
+
+#include "core/astro/geodetic.h"
+#include "core/elements/satellite.h"
+
+namespace norvane {
+
+// One pass of a satellite over the observer: from rising above the minimum
+// elevation (AOS) through the highest point (TCA) to setting below it (LOS).
+// Times are UTC Julian days rounded to the second; angles in degrees,
+// azimuths in [0, 360).
+struct PlannedPass {
+  int slot = -1;          // catalogue slot, or the record's index when planning a whole file
+  int catnr = 0;
+  std::string name;       // the satellite's name, trailing blanks removed
+  double aos = 0;         // start of the search span when the pass was already in progress
+  double tca = 0;
+  double los = 0;         // end of the search span when the pass had not ended by then
+  double aosAzimuth = 0;  // deg
+  double tcaAzimuth = 0;  // deg
+  double tcaElevation = 0;  // deg, the pass's maximum elevation
+  double losAzimuth = 0;  // deg
+  bool inProgressAtStart = false;  // above the minimum elevation at the start of the span
+  bool endsAfterSpan = false;      // still above it at the end of the span
+  bool neverSets = false;          // above the minimum elevation for the whole span: no AOS, no LOS
+  bool visible = false;            // part of the pass is sunlit with the observer in darkness
+  double visibleStart = 0;         // jd, when visible
+  double visibleEnd = 0;           // jd, when visible
+  double minMagnitude = 0;         // brightest visual magnitude over the visible part, when visible
+
+  double durationSeconds() const { return (los - aos) * 86400.0; }
+};
+
+struct PlannerOptions {
+  double minElevationDeg = 0;  // a pass counts when its maximum elevation reaches this
+};
+
+// Every pass of one satellite between startJd and endJd (UTC days), in time order.
+std::vector<PlannedPass> planPasses(const Satellite& satellite, int slot, const Geodetic& observer,
+                                    double startJd, double endJd, const PlannerOptions& options);
+
+}  // namespace norvane
