@@ -40,8 +40,9 @@ SkySample SkyView::sample(double jd, const OrbitState& state) {
   // A decayed orbit leaves the models with nonsense or NaN; below the
   // equatorial radius nothing the planner reports would mean anything.
   if (!std::isfinite(out.satPos.w) || !std::isfinite(vel.w) || out.satPos.w < kEarthRadiusKm) return out;
+  // Below the horizon the azimuth is left out: the search seldom needs it.
   LookAngles look;
-  LookAnglesOf(jd, out.satPos, vel, observer_, cache_, look, true, false);
+  LookAnglesOf(jd, out.satPos, vel, observer_, cache_, look, false, false);
   out.obsPos = cache_.observerPos;
   out.elevation = look.elevation;
   out.azimuth = look.azimuth;
@@ -56,6 +57,14 @@ SkySample SkyView::sample(double jd, const OrbitState& state) {
   if (!std::isfinite(out.azimuth)) out.azimuth = 0.0;
   out.valid = std::isfinite(out.elevation);
   return out;
+}
+
+double SkyView::azimuthOf(const SkySample& s) {
+  if (s.elevation >= 0.0) return s.azimuth;
+  LookAngles look;
+  const StateVector still;
+  LookAnglesOf(s.jd, s.satPos, still, observer_, cache_, look, true, false);
+  return std::isfinite(look.azimuth) ? look.azimuth : 0.0;
 }
 
 double SkyView::sunElevation(double jd, StateVector& sun) {

@@ -61,7 +61,8 @@ class PassSearch {
   double safeSpan(const SkySample& s) const;
   double stepAfter(const SkySample& s) const;
   SkySample crossing(const SkySample& before, const SkySample& after);
-  SkySample culmination(double from, double to);
+  // The highest point between left and right, top being the highest sample.
+  SkySample culmination(const SkySample& left, const SkySample& top, const SkySample& right);
   PlannedPass makePass(const SkySample& aos, const SkySample& los, const SkySample& top);
   void findVisiblePart(PlannedPass& pass, double from, double to);
 
@@ -127,21 +128,21 @@ SkySample PassSearch::crossing(const SkySample& before, const SkySample& after) 
   return nearest;
 }
 
-SkySample PassSearch::culmination(double from, double to) {
-  // Seconds from `from`, so the tolerance is not lost in the Julian date.
-  SkySample best = look(from);
-  const SkySample last = look(to);
-  if (last.valid && (!best.valid || last.elevation > best.elevation)) best = last;
-  if (to - from > kTimeTolerance) {
-    double negated = 0;
-    const double x = minimiseOn(
-        [&](double seconds) {
-          const SkySample s = look(from + seconds * kSecond);
-          return s.valid ? -s.elevation : 10.0;
-        },
-        0.0, (to - from) / kSecond, 0.2, negated);
-    if (-negated > best.elevation || !best.valid) best = look(from + x * kSecond);
-  }
+SkySample PassSearch::culmination(const SkySample& left, const SkySample& top, const SkySample& right) {
+  SkySample best = top;
+  if (!(right.jd - left.jd > kTimeTolerance)) return best;
+  // Seconds from left, so the tolerance is not lost in the Julian date.
+  auto negatedElevation = [&](double seconds) {
+    const SkySample s = look(left.jd + seconds * kSecond);
+    if (!s.valid) return 10.0;
+    if (s.elevation > best.elevation) best = s;
+    return -s.elevation;
+  };
+  auto probe = [&](const SkySample& s) { return Probe{(s.jd - left.jd) / kSecond, -s.elevation}; };
+  const bool leftHigher = left.elevation > right.elevation;
+  double ignored = 0;
+  minimiseFrom(negatedElevation, 0.0, (right.jd - left.jd) / kSecond, probe(top), probe(leftHigher ? left : right),
+               probe(leftHigher ? right : left), 0.2, ignored);
   return best;
 }
 
@@ -153,9 +154,9 @@ PlannedPass PassSearch::makePass(const SkySample& aos, const SkySample& los, con
   pass.aos = toSecond(aos.jd);
   pass.los = toSecond(los.jd);
   pass.tca = toSecond(top.jd);
-  pass.aosAzimuth = degreesOf(aos.azimuth);
-  pass.losAzimuth = degreesOf(los.azimuth);
-  pass.tcaAzimuth = degreesOf(top.azimuth);
+  pass.aosAzimuth = degreesOf(view_.azimuthOf(aos));
+  pass.losAzimuth = degreesOf(view_.azimuthOf(los));
+  pass.tcaAzimuth = degreesOf(view_.azimuthOf(top));
   pass.tcaElevation = degreesOf(top.elevation);
   pass.minMagnitude = kUnknownMagnitude;
   findVisiblePart(pass, aos.jd, los.jd);
@@ -260,15 +261,16 @@ std::vector<PlannedPass> PassSearch::run(double start, double end) {
   bool inProgress = inPass;
   SkySample aos = previous;
   SkySample top = previous;
-  double topLeft = start;
-  double topRight = start;
+  SkySample topLeft = previous;   // the samples either side of the highest one
+  SkySample topRight = previous;
   bool topOpen = inPass;
   SkySample beforePrevious = previous;  // for culminations between samples below the minimum
 
-  auto closePass = [&](const SkySample& los, double rightEdge) {
+  auto closePass = [&](const SkySample& los, const SkySample& rightEdge) {
     if (topOpen) topRight = rightEdge;
-    const SkySample peak = culmination(std::max(aos.jd, topLeft), std::min(los.jd, topRight));
-    PlannedPass pass = makePass(aos, los, peak.valid && peak.elevation > top.elevation ? peak : top);
+    const SkySample peak =
+        culmination(topLeft.jd < aos.jd ? aos : topLeft, top, topRight.jd > los.jd ? los : topRight);
+    PlannedPass pass = makePass(aos, los, peak);
     pass.inProgressAtStart = inProgress;
     passes.push_back(std::move(pass));
     inPass = false;
@@ -281,7 +283,7 @@ std::vector<PlannedPass> PassSearch::run(double start, double end) {
     const SkySample s = look(next);
     if (!s.valid) {
       // The orbit has decayed: a pass under way ends with the last good sample.
-      if (inPass) closePass(previous, t);
+      if (inPass) closePass(previous, previous);
       return passes;
     }
     // The bound holds for the orbit the elements describe; a sample that turned
@@ -293,34 +295,33 @@ std::vector<PlannedPass> PassSearch::run(double start, double end) {
         inPass = true;
         aos = crossing(previous, s);
         top = s;
-        topLeft = aos.jd;
+        topLeft = aos;
         topOpen = true;
       } else if (previous.elevation > beforePrevious.elevation && previous.elevation >= s.elevation &&
                  safeSpan(previous) < s.jd - beforePrevious.jd) {
         // A culmination below the minimum at the sampled times, where the
         // orbit could have reached above it in between: a grazing pass?
-        const SkySample peak = culmination(beforePrevious.jd, s.jd);
+        const SkySample peak = culmination(beforePrevious, previous, s);
         if (above(peak)) {
           aos = crossing(beforePrevious, peak);
           const SkySample los = crossing(peak, s);
-          top = peak;
-          topLeft = topRight = peak.jd;
+          top = topLeft = topRight = peak;
           topOpen = false;
           inPass = true;
-          closePass(los, los.jd);
+          closePass(los, los);
         }
       }
     } else {
       if (topOpen) {
-        topRight = s.jd;
+        topRight = s;
         topOpen = false;
       }
       if (s.elevation > top.elevation) {
         top = s;
-        topLeft = previous.jd;
+        topLeft = previous;
         topOpen = true;
       }
-      if (!above(s)) closePass(crossing(previous, s), s.jd);
+      if (!above(s)) closePass(crossing(previous, s), s);
     }
     beforePrevious = previous;
     previous = s;
@@ -328,7 +329,7 @@ std::vector<PlannedPass> PassSearch::run(double start, double end) {
   }
   if (inPass) {
     const bool wholeSpan = inProgress;
-    closePass(previous, end);
+    closePass(previous, previous);
     PlannedPass& last = passes.back();
     last.endsAfterSpan = true;
     last.neverSets = wholeSpan;
