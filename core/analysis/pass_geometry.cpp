@@ -51,6 +51,16 @@ SkySample SkyView::sample(double jd, const OrbitState& state) {
   const StateVector up{out.obsPos.x, out.obsPos.y, out.obsPos.z - footZ_, footToObserver_};
   const double cosine = Dot(fromFoot, up) / (fromFoot.w * up.w);
   out.separation = std::acos(std::fmin(1.0, std::fmax(-1.0, cosine)));
+  // d(cos separation)/dt: the vertical turns with the Earth, the line to the
+  // satellite with the satellite's velocity across it.
+  const double along = Dot(vel, fromFoot) / fromFoot.w;
+  const StateVector across{(vel.x - along * fromFoot.x / fromFoot.w) / fromFoot.w,
+                           (vel.y - along * fromFoot.y / fromFoot.w) / fromFoot.w,
+                           (vel.z - along * fromFoot.z / fromFoot.w) / fromFoot.w, 0};
+  const StateVector upTurn{-EarthModel::kRotationRate * up.y / up.w, EarthModel::kRotationRate * up.x / up.w, 0, 0};
+  const double cosineRate = (Dot(upTurn, fromFoot) / fromFoot.w + Dot(across, up) / up.w) * 86400.0;
+  const double sine = std::sin(out.separation);
+  out.separationRate = sine > 1e-9 ? -cosineRate / sine : 0.0;
   out.footToObserver = footToObserver_;
   out.footToSatellite = fromFoot.w;
   // At the zenith the azimuth is undefined; any value will do there.

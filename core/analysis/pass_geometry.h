@@ -42,6 +42,7 @@ struct SkySample {
   // the elevation depends on this angle and the distances alone, exactly as
   // for a spherical Earth seen from its centre.
   double separation = 0;      // rad
+  double separationRate = 0;  // rad/day
   double footToObserver = 0;  // km, the observer's distance from the vertical's foot
   double footToSatellite = 0; // km, the satellite's distance from it
   StateVector satPos;     // km, geocentric, with its length

@@ -85,7 +85,19 @@ double PassSearch::safeSpan(const SkySample& s) const {
   const double limit = horizonSeparation(s.footToObserver, s.footToSatellite, elevation);
   const double room = up ? limit - s.separation : s.separation - limit;
   const double slope = horizonSeparationSlope(s.footToObserver, bounds_.minRadiusKm, elevation);
-  return std::max(0.0, room) / (turnRate_ + slope * bounds_.maxRadialSpeed);
+  const double closing = turnRate_ + slope * bounds_.maxRadialSpeed;
+  const double firstOrder = std::max(0.0, room) / closing;
+  if (up || !(room > 0.0) || s.separation > kPi / 2) return firstOrder;
+  // Below a right angle the separation curves away from the observer but for
+  // the turn's acceleration: sep(t) >= sep + rate t - A t^2 / 2, for as long
+  // as it stays below a right angle; once above, it takes the first-order
+  // time to come back.
+  const double scale = turnRate_ / bounds_.maxTurnRate;
+  const double a = bounds_.maxTurnAcceleration * scale * scale;
+  const double b = s.separationRate - slope * bounds_.maxRadialSpeed;
+  const double secondOrder = (b + std::sqrt(b * b + 2.0 * a * room)) / a;
+  const double outAndBack = (kPi - s.separation - limit) / closing;
+  return std::max(firstOrder, std::min(secondOrder, outAndBack));
 }
 
 double PassSearch::stepAfter(const SkySample& s) const {
