@@ -58,7 +58,8 @@ class PassSearch {
   bool above(const SkySample& s) const { return s.elevation >= minElevation_; }
   // How long the satellite certainly stays on its side of the minimum
   // elevation, from the separation angle and the orbit's turn rate; days.
-  double safeSpan(const SkySample& s) const;
+  // Backwards in time when `backwards` is set.
+  double safeSpan(const SkySample& s, bool backwards = false) const;
   double stepAfter(const SkySample& s) const;
   SkySample crossing(const SkySample& before, const SkySample& after);
   // The highest point between left and right, top being the highest sample.
@@ -77,7 +78,7 @@ class PassSearch {
   double turnRate_ = 0;  // rad/day, raised when the samples show a faster turn
 };
 
-double PassSearch::safeSpan(const SkySample& s) const {
+double PassSearch::safeSpan(const SkySample& s, bool backwards) const {
   // The separation at which the satellite would stand at the minimum
   // elevation moves with the satellite's distance; both motions are bounded.
   const bool up = above(s);
@@ -94,7 +95,7 @@ double PassSearch::safeSpan(const SkySample& s) const {
   // time to come back.
   const double scale = turnRate_ / bounds_.maxTurnRate;
   const double a = bounds_.maxTurnAcceleration * scale * scale;
-  const double b = s.separationRate - slope * bounds_.maxRadialSpeed;
+  const double b = (backwards ? -s.separationRate : s.separationRate) - slope * bounds_.maxRadialSpeed;
   const double secondOrder = (b + std::sqrt(b * b + 2.0 * a * room)) / a;
   const double outAndBack = (kPi - s.separation - limit) / closing;
   return std::max(firstOrder, std::min(secondOrder, outAndBack));
@@ -310,7 +311,8 @@ std::vector<PlannedPass> PassSearch::run(double start, double end) {
         topLeft = aos;
         topOpen = true;
       } else if (previous.elevation > beforePrevious.elevation && previous.elevation >= s.elevation &&
-                 safeSpan(previous) < s.jd - beforePrevious.jd) {
+                 (safeSpan(previous, true) < previous.jd - beforePrevious.jd ||
+                  safeSpan(previous) < s.jd - previous.jd)) {
         // A culmination below the minimum at the sampled times, where the
         // orbit could have reached above it in between: a grazing pass?
         const SkySample peak = culmination(beforePrevious, previous, s);

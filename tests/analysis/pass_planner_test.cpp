@@ -3,6 +3,7 @@
 // minimum elevation and every culmination that comes within 2 degrees of it.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <memory>
@@ -244,6 +245,16 @@ TEST(PassPlanner, GrazingPassesAroundTheMinimumElevation) {
         EXPECT_NEAR(found[0].tca, pass.tca, 1 * kSecond);
         EXPECT_LT(found[0].durationSeconds(), offset < -0.01 ? 90 : 20);
       }
+    }
+    // A culmination a thousandth of a degree up, however the steps fall around it.
+    for (double lead = 0.0101; lead < 0.06; lead += 0.00237) {
+      PlannerOptions options;
+      options.minElevationDeg = pass.tcaElevation - 0.001;
+      const auto found = planPasses(iss, 0, observer, pass.aos - lead, pass.los + 0.01, options);
+      EXPECT_EQ(std::count_if(found.begin(), found.end(),
+                              [&](const PlannedPass& p) { return std::fabs(p.tca - pass.tca) < 1.5 * kSecond; }),
+                1)
+          << lead;
     }
     expectSamePasses(iss, observer, pass.tcaElevation - 0.02, 1.0);
   }
