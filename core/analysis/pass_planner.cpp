@@ -22,6 +22,8 @@ constexpr double kDegree = kPi / 180.0;
 constexpr double kVerticalMargin = 1e-7;
 // Crossings and culminations are located to this, then rounded to the second.
 constexpr double kTimeTolerance = 0.2 * kSecond;
+// Orbits of this period and longer are propagated as deep-space ones.
+constexpr double kDeepSpacePeriod = 225.0 / 1440.0;  // days
 // The Sun's elevation changes by at most the Earth's rotation rate.
 constexpr double kSunElevationRate = 7.3e-5 * 86400.0;  // rad/day
 
@@ -103,10 +105,12 @@ double PassSearch::safeSpan(const SkySample& s, bool backwards) const {
 
 double PassSearch::stepAfter(const SkySample& s) const {
   if (!above(s)) return std::clamp(safeSpan(s), finest_, 1.0);
-  // Within a pass only the culmination needs bracketing, and a dip below the
-  // minimum shorter than a fortieth of the orbit is of no interest.
+  // Within a pass the culmination must stay bracketed. A near-Earth orbit
+  // rises and sets once per pass, so a fortieth of its period is safe; a high
+  // orbit may dip below the minimum and back, and keeps to its bounds.
   const double longest = std::max(finest_, bounds_.periodDays / 12.0);
-  return std::clamp(std::max(safeSpan(s), bounds_.periodDays / 40.0), finest_, longest);
+  const double shortest = bounds_.periodDays < kDeepSpacePeriod ? bounds_.periodDays / 40.0 : 0.0;
+  return std::clamp(std::max(safeSpan(s), shortest), finest_, longest);
 }
 
 SkySample PassSearch::crossing(const SkySample& before, const SkySample& after) {
@@ -186,7 +190,9 @@ void PassSearch::findVisiblePart(PlannedPass& pass, double from, double to) {
     Moment m;
     m.jd = jd;
     const SkySample s = look(jd);
-    if (!s.valid) return m;
+    // Seen by eye: above the horizon (a minimum elevation may be below it),
+    // sunlit, and the sky dark.
+    if (!s.valid || !(s.elevation > 0.0)) return m;
     StateVector sun;
     if (!(view_.sunElevation(jd, sun) < kDarkSkySunElevation)) return m;
     double depth = 0;
