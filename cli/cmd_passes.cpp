@@ -93,6 +93,7 @@ int runPassSummary(const Args& args) {
   if (!(hours >= 0.0 && hours <= 240.0)) throw InputError{"--hours: the planner looks at most 240 hours ahead"};
   PlannerOptions options;
   if (args.has("min-el")) options.minElevationDeg = requiredDouble(args, "min-el");
+  if (args.flag("sgp8")) options.family = ModelFamily::Sgp8Sdp8;
   if (!(options.minElevationDeg >= -90.0 && options.minElevationDeg <= 90.0)) {
     throw InputError{"--min-el: not an elevation in degrees"};
   }
@@ -129,6 +130,7 @@ int runPasses(const Args& args) {
   for (const char* plannerOnly : {"min-el", "ics"}) {
     if (args.has(plannerOnly)) throw UsageError{std::string("--") + plannerOnly + " goes with --summary"};
   }
+  if (args.flag("sgp8")) throw UsageError{"--sgp8 goes with --summary"};
   int f[6] = {0, 0, 0, 0, 0, 0};
   splitStart(required(args, "start"), f);
   const double utcShift = (args.has("utc-shift") ? requiredDouble(args, "utc-shift") : 0.0) / 24.0;
@@ -169,9 +171,9 @@ Command passesCommand() {
           "passes --tle FILE --start \"YYYY-MM-DD HH:MM:SS\" --hours H --lat DEG --lon DEG --alt KM "
           "[--utc-shift H] [--visible] [--flares] [--min-mag M] [--select 0,3,5]\n"
           "       norvane-cli [--json] passes --summary --tle FILE --start \"YYYY-MM-DD HH:MM:SS\" --hours H "
-          "--lat DEG --lon DEG --alt KM [--utc-shift H] [--min-el DEG] [--select 0,3,5] [--ics FILE]",
+          "--lat DEG --lon DEG --alt KM [--utc-shift H] [--min-el DEG] [--select 0,3,5] [--ics FILE] [--sgp8]",
           {"tle", "start", "hours", "lat", "lon", "alt", "utc-shift", "min-mag", "select", "min-el", "ics"},
-          {"visible", "flares", "summary"},
+          {"visible", "flares", "summary", "sgp8"},
           runPasses,
           45};
 }
