@@ -16,6 +16,7 @@
 #include "gps/steady_clock.h"
 #include "ui/app/frame_widget.h"
 #include "ui/app/main_state.h"
+#include "ui/app/pass_notifier.h"
 #include "ui/app/program_options.h"
 #include "ui/app/screen_request.h"
 #include "ui/app/window_commands.h"
@@ -24,6 +25,7 @@
 #include "ui/views/view_world.h"
 
 class QAction;
+class QLabel;
 class QToolBar;
 
 namespace norvane {
@@ -64,6 +66,11 @@ class MainWindow : public QMainWindow, public CommandHost {
   // Repaints the active view now.
   void paintView();
   void startTimer1s();
+  // Plans the passes when their inputs changed, raises the alarms that are
+  // due and shows the current satellite's next pass under the frame.
+  void watchPasses();
+  QLabel* nextPassLabel() const { return nextPass_; }
+  PassNotifier& passNotifier() { return *notifier_; }
 
   // Seams for the dialogs and desktop services; tests replace them.
   std::function<std::optional<std::string>()> fileChooser;
@@ -105,6 +112,8 @@ class MainWindow : public QMainWindow, public CommandHost {
   std::unique_ptr<HttpClient> ownHttp_;
   FrameWidget* frame_ = nullptr;
   QToolBar* buttons_ = nullptr;
+  QLabel* nextPass_ = nullptr;
+  PassNotifier* notifier_ = nullptr;
   QTimer timer_;
   bool fullScreen_ = false;
   bool closing_ = false;
