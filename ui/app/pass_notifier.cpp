@@ -58,7 +58,11 @@ void PassNotifier::notify(const std::string& summaryText, const std::string& bod
 
 void PassNotifier::showBox(const QString& summary, const QString& body) {
   QApplication::beep();
-  if (box_ != nullptr) box_->close();
+  // Alarms that fall due while the box is open join it.
+  if (box_ != nullptr) {
+    box_->setText(box_->text() + "\n\n" + summary + "\n" + body);
+    return;
+  }
   box_ = new QMessageBox(QMessageBox::Information, "Pass alarm", summary + "\n" + body, QMessageBox::Ok, window_);
   box_->setObjectName("passAlarmBox");
   box_->setAttribute(Qt::WA_DeleteOnClose);

@@ -64,6 +64,7 @@ PassesDialog::PassesDialog(const PassesContext& context, QWidget* parent) : QDia
                           QStringLiteral("LOS"), QStringLiteral("Max el."), QStringLiteral("Az. AOS / TCA / LOS"),
                           QStringLiteral("Visible"), QStringLiteral("Mag.")});
   list_->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+  list_->header()->setStretchLastSection(false);
   connect(list_, &QTreeWidget::itemDoubleClicked, this, [this] { accept(); });
 
   minElevation_ = Named(new QDoubleSpinBox(this), "minElevation");
@@ -123,7 +124,7 @@ PassesDialog::PassesDialog(const PassesContext& context, QWidget* parent) : QDia
   layout->addWidget(list_);
   layout->addLayout(form);
   layout->addLayout(bottom);
-  resize(760, 420);
+  resize(860, 440);
   refresh();
 }
 
@@ -157,7 +158,8 @@ void PassesDialog::accept() {
   s.passAlarmMinutes = alarmMinutes_->value();
   s.passAlarmScope = alarmScope_->currentIndex();
   savePassesGroup(s, context_.store);
-  const int row = list_->currentItem() != nullptr ? list_->indexOfTopLevelItem(list_->currentItem()) : -1;
+  const QList<QTreeWidgetItem*> chosen = list_->selectedItems();
+  const int row = chosen.isEmpty() ? -1 : list_->indexOfTopLevelItem(chosen.front());
   if (row >= 0 && row < static_cast<int>(listed_.size())) {
     context_.app.currentSatellite = listed_[static_cast<std::size_t>(row)].slot;
     context_.app.tapPicked = 0;
