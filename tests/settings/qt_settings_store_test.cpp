@@ -45,6 +45,7 @@ TEST_F(QtSettingsStoreTest, EveryGroupSurvivesARestart) {
     Settings located = saved;
     saveLocationGroup(located, saved.city, store);
     saveLastFileGroup(saved, store);
+    savePassesGroup(saved, store);
   }
   QtSettingsStore reopened(iniPath());
   Settings loaded;
