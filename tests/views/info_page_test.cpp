@@ -11,6 +11,8 @@ namespace {
 TEST(InfoPage, ShapeLines) {
   EXPECT_EQ(ShapeLine(99999), "Shape not know. ");  // not in the table: record 0
   EXPECT_EQ(ShapeLine(5), "Shape not know. ");
+  EXPECT_EQ(ShapeLine(23560), "Shape not know. ");  // the size file gives no sizes
+  EXPECT_EQ(ShapeLine(25544), "l.=109.0m w.=73.0m d.=20.0m");
   EXPECT_EQ(ShapeLine(10594), "l.=0.3m w.=0.9m d.=2.4m");
   EXPECT_EQ(ShapeLine(12), "Cylindrical shape l.=1.2m r.=0.5m");
   EXPECT_EQ(ShapeLine(11), "Spherical satellite r.=0.5m ");
