@@ -8,6 +8,7 @@
 #include <QTemporaryDir>
 #include <QTimeEdit>
 #include <QTreeWidget>
+#include <algorithm>
 #include <cmath>
 
 #include "../analysis/analysis_fixtures.h"
@@ -64,11 +65,24 @@ TEST_F(PredictionDialogTest, PredictListsNewestFirstAndOkPausesTheClockThere) {
   EXPECT_EQ(w.sink.shown[0].title, "Search result");
   EXPECT_EQ(w.sink.shown[0].text.rfind("Number of passes ", 0), 0u);
 
-  list->topLevelItem(1)->setSelected(true);
+  dialog.show();
+  expectColumnsWhole(*list);
+
+  // Sorted by magnitude as numbers, a row still takes its own stored time.
+  list->sortByColumn(3, Qt::AscendingOrder);
+  const std::vector<double> magnitudes = columnNumbers(*list, 3);
+  EXPECT_TRUE(std::is_sorted(magnitudes.begin(), magnitudes.end()));
+  const QTreeWidgetItem* faintest = list->topLevelItem(list->topLevelItemCount() - 1);
+  const auto stored = std::find_if(w.store.rows.begin(), w.store.rows.end(), [&](const PredictionRow& row) {
+    return QString::fromStdString(FormatPredictionRow(row, *w.catalogue, w.app.utcOffset, true).time) ==
+           faintest->text(1);
+  });
+  ASSERT_NE(stored, w.store.rows.end());
+  list->topLevelItem(list->topLevelItemCount() - 1)->setSelected(true);
   press(dialog, QDialogButtonBox::Ok);
   EXPECT_EQ(w.app.simulationMode, SimulationMode::Pause);
   EXPECT_EQ(w.app.currentSatellite, test::kIssSlot);
-  EXPECT_EQ(w.app.pausedTime, w.store.rows[w.store.rows.size() - 2].time);
+  EXPECT_EQ(w.app.pausedTime, stored->time);
   EXPECT_EQ(w.app.currentTime, w.app.pausedTime);
 }
 

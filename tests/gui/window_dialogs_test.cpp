@@ -4,7 +4,11 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QDialogButtonBox>
+#include <QDir>
 #include <QFile>
+#include <QFileDialog>
+#include <QListView>
+#include <QTest>
 #include <QCheckBox>
 #include <QLineEdit>
 #include <QPushButton>
@@ -15,6 +19,7 @@
 #include <QTreeWidget>
 #include <clocale>
 #include <cmath>
+#include <fstream>
 #include <functional>
 #include <memory>
 
@@ -170,6 +175,30 @@ TEST(WindowDialogs, EachCommandOpensItsDialogAndReturnsToTheInfoPage) {
     EXPECT_TRUE(w.window->frame().showingInfo()) << title;
   }
   EXPECT_TRUE(w.sink.texts.empty());
+}
+
+TEST(WindowDialogs, OpenListsEveryElementFormatInTheLastFolder) {
+  Window w("open");
+  TempFolder files("open_files");
+  for (const char* name : {"a.tle", "b.txt", "c.csv", "d.json", "e.dat"}) {
+    std::ofstream((files.path / name).string()) << "x\n";
+  }
+  w.state().settings.lastOpen = (files.path / "b.txt").string();
+  int listed = -1;
+  ASSERT_TRUE(w.dialog(kCmdOpen, [&](QDialog& d) {
+    auto* dialog = qobject_cast<QFileDialog*>(&d);
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_EQ(dialog->windowTitle(), "Open File");
+    EXPECT_EQ(QDir(dialog->directory()).canonicalPath(), QDir(QString::fromStdString(files.path.string())).canonicalPath());
+    EXPECT_EQ(dialog->findChild<QComboBox*>("fileTypeCombo")->currentText(), "All (*.tle)");
+    auto* view = dialog->findChild<QListView*>("listView");
+    ASSERT_NE(view, nullptr);
+    for (int wait = 0; wait < 200 && listed != 4; ++wait) {  // the folder is read in the background
+      QTest::qWait(10);
+      listed = view->model()->rowCount(view->rootIndex());
+    }
+  }));
+  EXPECT_EQ(listed, 4);  // .tle, .txt, .csv and .json; not .dat
 }
 
 TEST(WindowDialogs, TleInfoShowsItsBoxWithoutLeavingTheView) {

@@ -1,5 +1,10 @@
 #include "ui/dialogs/dialog_support.h"
 
+#include <QFontMetrics>
+#include <QHeaderView>
+#include <QScreen>
+#include <QScrollBar>
+#include <algorithm>
 #include <charconv>
 #include <climits>
 
@@ -14,7 +19,35 @@ std::string_view numberStart(const QByteArray& bytes) {
   return text;
 }
 
+constexpr int kSortKeyRole = Qt::UserRole + 1;
+
 }  // namespace
+
+void SortableRow::setSortKey(int column, double key) { setData(column, kSortKeyRole, key); }
+
+bool SortableRow::operator<(const QTreeWidgetItem& other) const {
+  const int column = treeWidget() != nullptr ? treeWidget()->sortColumn() : 0;
+  const QVariant mine = data(column, kSortKeyRole);
+  const QVariant theirs = other.data(column, kSortKeyRole);
+  if (mine.isValid() && theirs.isValid()) return mine.toDouble() < theirs.toDouble();
+  return text(column).compare(other.text(column), Qt::CaseInsensitive) < 0;
+}
+
+void FitColumns(QTreeWidget& list, const QStringList& samples) {
+  const QFontMetrics metrics(list.font());
+  // Room for the check box, the text margins and the sort arrow.
+  const int padding = list.style()->pixelMetric(QStyle::PM_IndicatorWidth) + 3 * metrics.averageCharWidth();
+  for (int c = 0; c < list.columnCount(); ++c) {
+    list.resizeColumnToContents(c);
+    int wanted = list.header()->sectionSize(c);
+    if (c < samples.size()) wanted = std::max(wanted, metrics.horizontalAdvance(samples[c]) + padding);
+    wanted = std::max(wanted, metrics.horizontalAdvance(list.headerItem()->text(c)) + padding);
+    list.header()->resizeSection(c, wanted);
+  }
+  int width = list.header()->length() + 2 * list.frameWidth() + list.verticalScrollBar()->sizeHint().width();
+  if (const QScreen* screen = list.screen()) width = std::min(width, screen->availableGeometry().width() * 9 / 10);
+  list.setMinimumWidth(width);
+}
 
 // Parsed without the locale: the program's numbers always use a decimal point.
 int LeadingInt(const QString& text) {
