@@ -46,10 +46,14 @@ class DialogTest : public ::testing::Test {
     EXPECT_GE(list.viewport()->width(), list.header()->length());
   }
 
-  // The numbers of a column from the top row down.
+  // The numbers of a column from the top row down; texts that are no number are left out.
   static std::vector<double> columnNumbers(const QTreeWidget& list, int column) {
     std::vector<double> out;
-    for (int r = 0; r < list.topLevelItemCount(); ++r) out.push_back(list.topLevelItem(r)->text(column).toDouble());
+    for (int r = 0; r < list.topLevelItemCount(); ++r) {
+      bool ok = false;
+      const double value = list.topLevelItem(r)->text(column).toDouble(&ok);
+      if (ok) out.push_back(value);
+    }
     return out;
   }
 

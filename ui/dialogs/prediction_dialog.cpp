@@ -11,6 +11,7 @@
 #include <QTimeEdit>
 #include <QTreeWidget>
 #include <QVBoxLayout>
+#include <cmath>
 
 #include "core/astro/julian_date.h"
 #include "ui/dialogs/dialog_support.h"
@@ -116,8 +117,10 @@ void PredictionDialog::fillList(bool freshSearch) {
     auto* item = new SortableRow(QStringList{Latin1(t.sat), Latin1(t.time), Latin1(t.status), Latin1(t.magnitude),
                                              Latin1(t.flareAngle), Latin1(t.nrInFile)});
     item->setSortKey(kTime, row.time);
-    item->setSortKey(kMagnitude, row.magnitude);
-    item->setSortKey(kFlareAngle, row.flareAngle);
+    // Rows without a figure ("N/A") sort after every number.
+    const bool numbered = row.state == 4 || row.state == 5;
+    item->setSortKey(kMagnitude, numbered ? row.magnitude : HUGE_VAL);
+    item->setSortKey(kFlareAngle, row.state == 5 ? row.flareAngle : HUGE_VAL);
     item->setSortKey(kNrInFile, row.satellite);
     item->setData(kSat, kStoredRowRole, static_cast<int>(i));
     list_->insertTopLevelItem(0, item);  // the latest found row stands first
