@@ -16,6 +16,9 @@
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTimer>
+#include <QTimeEdit>
+#include <QProgressBar>
+#include <QHeaderView>
 #include <QTreeWidget>
 #include <clocale>
 #include <cmath>
@@ -281,25 +284,41 @@ TEST(WindowDialogs, PredictionRowsSurviveAndOkPausesTheClockOnARow) {
   Window w("predict");
   w.state().catalogue.selected = {};
   w.state().catalogue.selected[kIssSlot] = 1;
-  EXPECT_TRUE(w.dialog(kCmdPredict, [](QDialog& d) {
+  w.state().app.utcOffset = 1.0 / 24.0;
+  EXPECT_TRUE(w.dialog(kCmdPredict, [&](QDialog& d) {
+    EXPECT_EQ(Control<QLineEdit>(d, "edit1000")->text(), "2");
+    EXPECT_EQ(Control<QTimeEdit>(d, "time1030")->time(), QTime(13, 0, 0));  // local time
     Control<QLineEdit>(d, "edit1000")->setText("6");
     Control<QPushButton>(d, "button1027")->click();
+    auto* list = Control<QTreeWidget>(d, "list1024");
+    ASSERT_EQ(list->topLevelItemCount(), static_cast<int>(w.state().predictions.rows.size()));
+    EXPECT_EQ(list->headerItem()->text(5), "Nr in file");
+    EXPECT_EQ(list->topLevelItem(0)->text(5), "106");
+    EXPECT_TRUE(list->topLevelItem(0)->text(0).endsWith("  "));
+    for (int c = 0; c < 6; ++c) {  // the found rows show whole
+      EXPECT_GE(list->header()->sectionSize(c), list->fontMetrics().horizontalAdvance(list->topLevelItem(0)->text(c)));
+    }
+    auto* satellites = Control<QProgressBar>(d, "progress1017");
+    EXPECT_EQ(satellites->value(), satellites->maximum());
+    EXPECT_EQ(satellites->maximum(), w.state().catalogue.satelliteCount);
     Cancel(d);
   }));
-  ASSERT_FALSE(w.state().predictions.rows.empty());
+  ASSERT_GT(w.state().predictions.rows.size(), 1u);
   EXPECT_EQ(w.sink.titles, std::vector<std::string>{"Search result"});
+  EXPECT_EQ(w.sink.texts[0].rfind("Number of passes ", 0), 0u);
   const std::size_t rows = w.state().predictions.rows.size();
   w.state().app.simulationMode = SimulationMode::X10;
   int listed = 0;
   EXPECT_TRUE(w.dialog(kCmdPredict, [&](QDialog& d) {
     auto* list = Control<QTreeWidget>(d, "list1024");
     listed = list->topLevelItemCount();
-    list->topLevelItem(0)->setSelected(true);
+    list->topLevelItem(1)->setSelected(true);  // newest first: the second newest row
     Ok(d);
   }));
   EXPECT_EQ(listed, static_cast<int>(rows));
   EXPECT_EQ(w.state().app.simulationMode, SimulationMode::Pause);
-  EXPECT_EQ(w.state().app.currentTime, w.state().predictions.rows.back().time);
+  EXPECT_EQ(w.state().app.currentTime, w.state().predictions.rows[rows - 2].time);
+  EXPECT_EQ(w.state().app.pausedTime, w.state().app.currentTime);
   EXPECT_EQ(w.state().app.currentSatellite, kIssSlot);
   EXPECT_EQ(w.state().settings.satDisplay, kIssSlot);
 }

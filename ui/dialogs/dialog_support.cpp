@@ -35,14 +35,13 @@ bool SortableRow::operator<(const QTreeWidgetItem& other) const {
 
 void FitColumns(QTreeWidget& list, const QStringList& samples) {
   const QFontMetrics metrics(list.font());
-  // Room for the check box, the text margins and the sort arrow.
-  const int padding = list.style()->pixelMetric(QStyle::PM_IndicatorWidth) + 3 * metrics.averageCharWidth();
+  const int margin = 2 * metrics.averageCharWidth();  // the text margins of a cell
   for (int c = 0; c < list.columnCount(); ++c) {
-    list.resizeColumnToContents(c);
-    int wanted = list.header()->sectionSize(c);
-    if (c < samples.size()) wanted = std::max(wanted, metrics.horizontalAdvance(samples[c]) + padding);
-    wanted = std::max(wanted, metrics.horizontalAdvance(list.headerItem()->text(c)) + padding);
-    list.header()->resizeSection(c, wanted);
+    list.resizeColumnToContents(c);  // rows and heading, sort arrow included
+    if (c < samples.size()) {
+      const int wanted = metrics.horizontalAdvance(samples[c]) + margin;
+      if (wanted > list.header()->sectionSize(c)) list.header()->resizeSection(c, wanted);
+    }
   }
   int width = list.header()->length() + 2 * list.frameWidth() + list.verticalScrollBar()->sizeHint().width();
   if (const QScreen* screen = list.screen()) width = std::min(width, screen->availableGeometry().width() * 9 / 10);

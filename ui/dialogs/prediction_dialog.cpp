@@ -83,8 +83,8 @@ PredictionDialog::PredictionDialog(const PredictionContext& context, QWidget* pa
 
   fillList(false);
   // Wide enough for a name, a date and time and a magnitude before the first search.
-  FitColumns(*list_, {QStringLiteral("XXXXXXXXXXXXXXXXXXXXXXXX  "), QStringLiteral("2000-12-31 23:59:59"),
-                      QStringLiteral("Eclipsed"), QStringLiteral("-10.0"), QStringLiteral("10.0"),
+  FitColumns(*list_, {QStringLiteral("COSMOS 482 DESCENT CRAFT  "), QStringLiteral("2017-12-31 23:59:59"),
+                      QStringLiteral("Eclipsed"), QStringLiteral("-10.0"), QStringLiteral("10.00 deg"),
                       QStringLiteral("180")});
   connect(predictButton, &QPushButton::clicked, this, [this] { predict(); });
 
