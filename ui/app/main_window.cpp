@@ -8,10 +8,10 @@
 #include <QMenuBar>
 #include <QPainter>
 #include <QScreen>
-#include <QStyle>
-#include <algorithm>
 #include <QShortcut>
+#include <QStyle>
 #include <QToolBar>
+#include <algorithm>
 
 #include "core/astro/julian_date.h"
 #include "gps/gps_receiver.h"
