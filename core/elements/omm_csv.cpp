@@ -8,14 +8,17 @@ namespace norvane {
 namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+// Columns past this many in the header are ignored, whatever they are named.
+constexpr std::size_t kMaxColumns = 1024;
 
 // Cuts CSV text into rows of fields, one row per call.
 class CsvRows {
  public:
   explicit CsvRows(std::string_view text) : text_(text) {}
 
-  // The next row's fields; false at the end of the text.
-  bool next(std::vector<std::string>& fields) {
+  // The next row's first maxFields fields (the rest are read past); false at
+  // the end of the text.
+  bool next(std::vector<std::string>& fields, std::size_t maxFields) {
     fields.clear();
     if (at_ >= text_.size()) return false;
     std::string field;
@@ -30,7 +33,7 @@ class CsvRows {
       } else if (c == '"') {
         quoted = true;
       } else if (c == ',') {
-        fields.push_back(std::move(field));
+        if (fields.size() < maxFields) fields.push_back(std::move(field));
         field.clear();
       } else if (c == '\n' || c == '\r') {
         if (c == '\r' && at_ < text_.size() && text_[at_] == '\n') ++at_;
@@ -39,7 +42,7 @@ class CsvRows {
         field.push_back(c);
       }
     }
-    fields.push_back(std::move(field));
+    if (fields.size() < maxFields) fields.push_back(std::move(field));
     return true;
   }
 
@@ -48,8 +51,9 @@ class CsvRows {
   std::size_t at_ = 0;
 };
 
+// A row with nothing but blanks in its first field and no other field.
 bool isBlankRow(const std::vector<std::string>& fields) {
-  return fields.size() == 1 && fields[0].find_first_not_of(" \t") == std::string::npos;
+  return fields.size() <= 1 && (fields.empty() || fields[0].find_first_not_of(" \t") == std::string::npos);
 }
 
 }  // namespace
@@ -59,12 +63,12 @@ void readOmmCsv(std::string_view text, const OmmRecordHandler& handler) {
   CsvRows rows(text);
   std::vector<std::string> fields;
   std::vector<std::optional<OmmField>> columns;
-  while (columns.empty() && rows.next(fields)) {
+  while (columns.empty() && rows.next(fields, kMaxColumns)) {
     if (isBlankRow(fields)) continue;
     for (const std::string& name : fields) columns.push_back(ommFieldNamed(name));
   }
   OmmRecord record;
-  while (rows.next(fields)) {
+  while (rows.next(fields, columns.size())) {
     if (isBlankRow(fields)) continue;
     record = OmmRecord{};
     for (std::size_t i = 0; i < fields.size() && i < columns.size(); ++i) {

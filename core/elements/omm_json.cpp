@@ -31,9 +31,14 @@ class RecordCollector : public nlohmann::json_sax<Json> {
     std::string text = std::to_string(value);
     return scalar(&text);
   }
-  // The number's own text, so that it converts exactly as the same digits in a string would.
+  // The number's own text, so that it converts exactly as the same digits in
+  // a string would. The parser writes the C library's decimal point into it,
+  // which a locale may have made a comma: any such character becomes '.'.
   bool number_float(number_float_t, const string_t& text) override {
     std::string copy = text;
+    for (char& c : copy) {
+      if ((c < '0' || c > '9') && c != '-' && c != '+' && c != 'e' && c != 'E') c = '.';
+    }
     return scalar(&copy);
   }
   bool string(string_t& value) override { return scalar(&value); }
