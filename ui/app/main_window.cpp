@@ -275,7 +275,8 @@ void MainWindow::setFullScreenView(bool full) {
 
 std::optional<std::string> MainWindow::chooseElementFile() {
   if (fileChooser) return fileChooser();
-  const QString path = QFileDialog::getOpenFileName(this, "Open File", QString(), "All (*.tle);;All files (*)");
+  const QString path =
+      QFileDialog::getOpenFileName(this, "Open File", QString(), "All (*.tle);;OMM (*.csv *.json);;All files (*)");
   if (path.isEmpty()) return std::nullopt;
   return path.toStdString();
 }
