@@ -7,6 +7,7 @@
 #include "gps/gps_port.h"
 #include "gps/gps_receiver.h"
 #include "gps/gps_thread.h"
+#include "gps/line_speed.h"
 #include "gps/nmea_decoder.h"
 #include "gps/steady_clock.h"
 #include "tests/common/test_support.h"
@@ -59,8 +60,11 @@ TEST(GpsPort, OpeningSetsTheLineOrSaysWhy) {
   std::string message;
   EXPECT_EQ(OpenGpsPort("COM3:", "/nonexistent/tty", 4800, message), nullptr);
   EXPECT_EQ(message, "Could not open the COM3: port");
-  EXPECT_EQ(OpenGpsPort("COM1:", end.path(), 14400, message), nullptr);  // no such line speed
-  EXPECT_EQ(message, "SetCommState Error");
+  // Every speed of the table opens, the two without a terminal constant included.
+  for (const GpsBaud& baud : kGpsBaudTable) {
+    EXPECT_NE(OpenGpsPort("COM1:", end.path(), baud.rate, message), nullptr) << baud.text << ": " << message;
+    EXPECT_EQ(LineSpeed(end.fd()), baud.rate) << baud.text;
+  }
   EXPECT_EQ(OpenGpsPort("COM1:", "/dev/null", 4800, message), nullptr);  // not a line
   EXPECT_EQ(message, "SetCommState Error");
 
