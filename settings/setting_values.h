@@ -13,7 +13,7 @@ namespace norvane {
 struct SettingValue {
   std::string_view name;
   std::uint32_t width;
-  SettingBytes (*encode)(const Settings& settings);
+  SettingBytes (*encode)(const Settings& settings);  // always width bytes
   void (*decode)(Settings& settings, const std::uint8_t* bytes);  // bytes holds width bytes
 };
 

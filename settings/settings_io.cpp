@@ -1,5 +1,6 @@
 #include "settings/settings_io.h"
 
+#include <algorithm>
 #include <array>
 #include <string_view>
 #include <vector>
@@ -34,7 +35,11 @@ std::int32_t loadSettings(Settings& settings, SettingsStore& store) {
   if (!store.readable()) return -1;
   for (const SettingValue& value : settingValues()) {
     const auto bytes = store.read(std::string(value.name));
-    if (bytes && bytes->size() == value.width) value.decode(settings, bytes->data());
+    if (!bytes || bytes->empty() || bytes->size() > value.width) continue;
+    // A shorter value fills the field's first bytes; the rest keep what they held.
+    SettingBytes field = value.encode(settings);
+    std::copy(bytes->begin(), bytes->end(), field.begin());
+    value.decode(settings, field.data());
   }
   return settings.city;
 }

@@ -6,8 +6,9 @@
 
 namespace norvane {
 
-// Reads every value into settings; a missing value, or one whose stored size is
-// not its width, keeps what the field holds. Returns "City", or -1 (and reads
+// Reads every value into settings. A value shorter than its width replaces
+// the field's first bytes (little-endian: its low bytes); a missing value, or
+// one longer than its width, keeps what the field holds. Returns "City", or -1 (and reads
 // nothing) when the store cannot be read.
 std::int32_t loadSettings(Settings& settings, SettingsStore& store);
 

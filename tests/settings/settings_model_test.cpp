@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <bit>
 #include <cstring>
 #include <string>
 #include <utility>
@@ -96,21 +97,24 @@ TEST(SettingsModel, ValuesAreRawLittleEndianBytes) {
   EXPECT_EQ(store.values["uplink"], (SettingBytes{0, 0, 0, 0, 0, 0, 0xF0, 0x3F}));
 }
 
-TEST(SettingsModel, ValueOfAnotherSizeKeepsTheDefault) {
+TEST(SettingsModel, ShorterValuesFillTheLowBytesLongerOnesKeepTheDefault) {
   MemorySettingsStore store;
   store.values["Flag_planets"] = {1, 0, 0, 0};
   store.values["Stars_Mag"] = {2, 0, 0, 0};
-  store.values["Lat"] = {1, 2, 3};
   store.values["City"] = {};
-  store.values["Last_Open"] = SettingBytes(518, 'a');
-  store.values["GPSSpeed"] = {6, 0, 0, 0};  // the one value of the right size
+  store.values["GPSSpeed"] = {6};              // over the default 0
+  store.values["SatPredictMag"] = {7};         // over the default 20
+  store.values["Lat"] = {0x11, 0x22, 0x33};    // the low bytes of the default's double
+  store.values["Last_Open"] = {'/', 0, 'a', 0};  // the rest of the buffer stays zero
   Settings s;
   EXPECT_EQ(loadSettings(s, store), 0);
   EXPECT_EQ(s.flagPlanets, 0);
   EXPECT_EQ(s.starsMag, 5);
-  EXPECT_EQ(s.lat, Settings{}.lat);
-  EXPECT_EQ(s.lastOpen, "");
   EXPECT_EQ(s.gpsSpeed, 6);
+  EXPECT_EQ(s.satPredictMag, 7);
+  const auto lat = (std::bit_cast<std::uint64_t>(Settings{}.lat) & ~0xFFFFFFull) | 0x332211u;
+  EXPECT_EQ(s.lat, std::bit_cast<double>(lat));
+  EXPECT_EQ(s.lastOpen, "/a");
 }
 
 TEST(WidePath, LastOpenIs520BytesOfUtf16WithZerosAfterTheText) {
