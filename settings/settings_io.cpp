@@ -11,7 +11,8 @@ namespace norvane {
 
 namespace {
 
-constexpr std::array<std::string_view, 4> kGpsGroup = {"GPSPort", "GPSSpeed", "GPSCompass", "GPSAcceptGN"};
+constexpr std::array<std::string_view, 5> kGpsGroup = {"GPSPort", "GPSSpeed", "GPSCompass", "GPSAcceptGN",
+                                                       "GPSDevices"};
 constexpr std::array<std::string_view, 12> kSettingsGroup = {
     "SNtoNS",  "Stars_Mag", "SatPredictMag", "SatPredictVisible", "flag_refraction", "uplink",
     "downlink", "flares",   "s4_s8",         "Flag_planets",      "Flag_colors",     "Sat_Display"};

@@ -13,7 +13,7 @@ namespace norvane {
 std::int32_t loadSettings(Settings& settings, SettingsStore& store);
 
 // Each save writes one group in its order and returns the store's result.
-// GPS group: "GPSPort", "GPSSpeed", "GPSCompass", "GPSAcceptGN".
+// GPS group: "GPSPort", "GPSSpeed", "GPSCompass", "GPSAcceptGN", "GPSDevices".
 bool saveGpsGroup(const Settings& settings, SettingsStore& store);
 // Settings group: "SNtoNS" ... "Flag_colors", "Sat_Display".
 bool saveSettingsGroup(const Settings& settings, SettingsStore& store);

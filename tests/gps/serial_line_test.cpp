@@ -1,9 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <filesystem>
 #include <string>
 #include <vector>
 
+#include "gps/device_list.h"
 #include "gps/gps_port.h"
 #include "gps/gps_receiver.h"
 #include "gps/gps_thread.h"
@@ -92,6 +94,20 @@ TEST(GpsPort, OpeningSetsTheLineOrSaysWhy) {
   NmeaLine line;
   EXPECT_EQ(ReadNmeaSentence(*port, line, kNmeaHuntLimit, gps, kNmeaWantAll, clock), kNmeaVtg);
   EXPECT_EQ(gps.speed, 5.0);
+}
+
+TEST(GpsDevices, SerialNamesInNaturalOrderThenStableNames) {
+  testing::TempFolder dev;
+  std::filesystem::create_directories(dev / "serial/by-id");
+  for (const char* name : {"ttyS10", "ttyUSB0", "ttyS2", "ttyS", "ttySx", "sda", "rfcomm0", "ttyACM1", "tty0",
+                           "serial/by-id/usb-u-blox_7-if00", "serial/by-id/usb-FTDI_2-if00"}) {
+    dev.write(name, "x");
+  }
+  const std::string d = dev.path;
+  EXPECT_EQ(ListGpsDevices(d), (std::vector<std::string>{d + "/rfcomm0", d + "/ttyACM1", d + "/ttyS2", d + "/ttyS10",
+                                                          d + "/ttyUSB0", d + "/serial/by-id/usb-FTDI_2-if00",
+                                                          d + "/serial/by-id/usb-u-blox_7-if00"}));
+  EXPECT_TRUE(ListGpsDevices(d + "/missing").empty());
 }
 
 class GpsThreadLine : public ::testing::TestWithParam<int> {};

@@ -30,7 +30,7 @@ TEST(SettingsModel, LoadOrderAndWidths) {
   const std::vector<std::pair<std::string, std::uint32_t>> expected = {
       {"Lat", 8},        {"Lon", 8},         {"Alt", 8},
       {"City", 4},       {"GPSPort", 4},     {"GPSSpeed", 4},
-      {"GPSCompass", 4}, {"GPSAcceptGN", 4}, {"SNtoNS", 4},
+      {"GPSCompass", 4}, {"GPSAcceptGN", 4}, {"GPSDevices", 2340}, {"SNtoNS", 4},
       {"Stars_Mag", 2},  {"SatPredictMag", 4}, {"SatPredictVisible", 4},
       {"flag_refraction", 4}, {"uplink", 8}, {"downlink", 8},
       {"flares", 4},     {"s4_s8", 4},       {"Flag_planets", 1},
@@ -73,7 +73,7 @@ TEST(SettingsModel, EveryGroupWritesItsValuesInOrderAndReadsBack) {
   saveLocationGroup(located, 42, store);
   saveLastFileGroup(changed, store);
   const std::vector<std::vector<std::string>> groups = {
-      {"GPSPort", "GPSSpeed", "GPSCompass", "GPSAcceptGN"},
+      {"GPSPort", "GPSSpeed", "GPSCompass", "GPSAcceptGN", "GPSDevices"},
       {"SNtoNS", "Stars_Mag", "SatPredictMag", "SatPredictVisible", "flag_refraction", "uplink", "downlink",
        "flares", "s4_s8", "Flag_planets", "Flag_colors", "Sat_Display"},
       {"City", "Lat", "Lon", "Alt"},
@@ -95,6 +95,21 @@ TEST(SettingsModel, ValuesAreRawLittleEndianBytes) {
   EXPECT_EQ(store.values["Stars_Mag"], (SettingBytes{3, 0}));
   EXPECT_EQ(store.values["Flag_planets"], (SettingBytes{1}));
   EXPECT_EQ(store.values["uplink"], (SettingBytes{0, 0, 0, 0, 0, 0, 0xF0, 0x3F}));
+
+  // The port map: its lines, then zeros; lines that do not fit whole are left to their defaults.
+  s.gpsDevices.devices[2] = "gpsd://localhost:2947";
+  for (std::size_t i = 4; i < 10; ++i) s.gpsDevices.devices[i] = std::string(400, static_cast<char>('a' + i));
+  saveGpsGroup(s, store);
+  const SettingBytes& map = store.values["GPSDevices"];
+  ASSERT_EQ(map.size(), 2340u);
+  const std::string text(map.begin(), map.end());
+  EXPECT_EQ(text.substr(0, 48), "/dev/ttyUSB0\ngpsd://localhost:2947\n/dev/ttyACM0\n");
+  EXPECT_EQ(text.back(), '\0');
+  Settings loaded;
+  loadSettings(loaded, store);
+  EXPECT_EQ(loaded.gpsDevices.devices[2], "gpsd://localhost:2947");
+  EXPECT_EQ(loaded.gpsDevices.devices[8], s.gpsDevices.devices[8]);
+  EXPECT_EQ(loaded.gpsDevices.devices[9], "/dev/ttyS4");
 }
 
 TEST(SettingsModel, ShorterValuesFillTheLowBytesLongerOnesKeepTheDefault) {
