@@ -95,7 +95,11 @@ void GpsSettingsDialog::showDevice() {
     if (!file.exists()) shown = device + QStringLiteral(" (not present)");
     else if (!file.canonicalFilePath().isEmpty()) shown = file.canonicalFilePath();
   }
-  resolved_->setText(port >= 1 ? QStringLiteral("→ ") + shown : QString());
+  // A long missing path is cut in the middle so that the dialog keeps to a
+  // small screen; the tool tip holds all of it.
+  const QString full = port >= 1 ? QStringLiteral("→ ") + shown : QString();
+  resolved_->setText(full.size() > 40 ? full.left(18) + QStringLiteral("…") + full.right(21) : full);
+  resolved_->setToolTip(full);
 }
 
 void GpsSettingsDialog::deviceEdited(const QString& text) {
