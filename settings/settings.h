@@ -1,7 +1,6 @@
 #pragma once
 #include <cstdint>
 #include <string>
-
 #include "gps/port_tables.h"
 
 namespace norvane {
