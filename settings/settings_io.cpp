@@ -32,16 +32,18 @@ bool saveGroup(const Settings& settings, SettingsStore& store, const std::array<
 
 }  // namespace
 
+void LoadValue(const SettingValue& value, Settings& settings, SettingsStore& store) {
+  const auto bytes = store.read(std::string(value.name));
+  if (!bytes || bytes->empty() || bytes->size() > value.width) return;
+  // A shorter value fills the field's first bytes; the rest keep what they held.
+  SettingBytes field = value.encode(settings);
+  std::copy(bytes->begin(), bytes->end(), field.begin());
+  value.decode(settings, field.data());
+}
+
 std::int32_t loadSettings(Settings& settings, SettingsStore& store) {
   if (!store.readable()) return -1;
-  for (const SettingValue& value : settingValues()) {
-    const auto bytes = store.read(std::string(value.name));
-    if (!bytes || bytes->empty() || bytes->size() > value.width) continue;
-    // A shorter value fills the field's first bytes; the rest keep what they held.
-    SettingBytes field = value.encode(settings);
-    std::copy(bytes->begin(), bytes->end(), field.begin());
-    value.decode(settings, field.data());
-  }
+  for (const SettingValue& value : settingValues()) LoadValue(value, settings, store);
   return settings.city;
 }
 

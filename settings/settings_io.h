@@ -6,10 +6,15 @@
 
 namespace norvane {
 
-// Reads every value into settings. A value shorter than its width replaces
-// the field's first bytes (little-endian: its low bytes); a missing value, or
-// one longer than its width, keeps what the field holds. Returns "City", or -1 (and reads
-// nothing) when the store cannot be read.
+struct SettingValue;
+
+// Reads one value into settings. A value shorter than its width replaces the
+// field's first bytes (little-endian: its low bytes); a missing value, or one
+// longer than its width, keeps what the field holds.
+void LoadValue(const SettingValue& value, Settings& settings, SettingsStore& store);
+
+// Reads every value into settings through LoadValue. Returns "City", or -1
+// (and reads nothing) when the store cannot be read.
 std::int32_t loadSettings(Settings& settings, SettingsStore& store);
 
 // Each save writes one group in its order and returns the store's result.
