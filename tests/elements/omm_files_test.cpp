@@ -7,7 +7,7 @@
 #include <string>
 
 #include "core/elements/element_file.h"
-#include "core/elements/element_file_commands.h"
+#include "ui/app/element_file_commands.h"
 #include "core/propagation/propagator.h"
 #include "omm_fixtures.h"
 #include "settings/memory_settings_store.h"

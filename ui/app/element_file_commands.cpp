@@ -1,4 +1,4 @@
-#include "core/elements/element_file_commands.h"
+#include "ui/app/element_file_commands.h"
 
 #include <cstdio>
 #include <memory>
