@@ -163,10 +163,10 @@ void MainWindow::startGps() {
   gps_ = std::make_unique<GpsThread>(clock_);
   if (config_.startGps) {
     std::string reason;
-    StartGpsReceiver(*gps_, gps, config_.portMap, reason);
+    StartGpsReceiver(*gps_, gps, s.gpsDevices, reason);
   } else {
     gps.tracking = 0;
-    gps_->configure(gps, config_.portMap);
+    gps_->configure(gps, s.gpsDevices);
   }
   state_->app.gpsTracking = gps.tracking;
 }
@@ -348,7 +348,6 @@ void MainWindow::runDialog(Command command) {
                           *messages_,
                           *caches_,
                           *gps_,
-                          config_.portMap,
                           clock,
                           [this]() -> HttpClient& { return httpClient(); },
                           config_.serverBase,

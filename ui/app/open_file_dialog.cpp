@@ -18,7 +18,8 @@ void ConfigureOpenDialog(QFileDialog& dialog, const std::string& lastOpen) {
   dialog.setFileMode(QFileDialog::ExistingFile);
   // The filter's label keeps its short form; the patterns follow in the last brackets.
   dialog.setOption(QFileDialog::HideNameFilterDetails, true);
-  dialog.setNameFilters({QString::fromLatin1(kElementFileFilter), QStringLiteral("All files (*)")});
+  dialog.setNameFilters({QString::fromLatin1(kElementFileFilter), QStringLiteral("OMM (*.csv *.json)"),
+                         QStringLiteral("All files (*)")});
   dialog.setDefaultSuffix(QStringLiteral("tle"));
   if (const QString folder = ElementFileFolder(lastOpen); !folder.isEmpty()) dialog.setDirectory(folder);
 }
