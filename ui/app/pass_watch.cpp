@@ -79,7 +79,8 @@ std::vector<PlannedPass> PassSchedule::passesOf(int slot) const {
 }
 
 AlarmText AlarmTextOf(const PlannedPass& pass, double nowJd, double utcOffsetDays) {
-  const long minutes = std::lround(std::fmax(0.0, pass.aos - nowJd) * 1440.0);
+  // Whole minutes, rounded up: "in 5 min" until four minutes are left.
+  const long minutes = std::lround(std::ceil(std::fmax(0.0, pass.aos - nowJd) * 1440.0 - 1e-6));
   AlarmText text;
   text.summary = minutes > 0 ? format("%s rises in %ld min", pass.name.c_str(), minutes)
                              : format("%s is rising", pass.name.c_str());
