@@ -10,12 +10,12 @@ namespace norvane {
 namespace {
 
 // Sun and Moon.
-constexpr double kZns = 1.19459e-5;       // rad/min, Sun's mean motion
+constexpr double kZns = kSunMeanMotion;
 constexpr double kC1ss = 2.9864797e-6;
-constexpr double kZes = 0.01675;
-constexpr double kZnl = 1.5835218e-4;     // rad/min, Moon's mean motion
+constexpr double kZes = kSunEccentricity;
+constexpr double kZnl = kMoonMeanMotion;
 constexpr double kC1l = 4.7968065e-7;
-constexpr double kZel = 0.05490;
+constexpr double kZel = kMoonEccentricity;
 constexpr double kZcosis = 0.91744867;    // obliquity
 constexpr double kZsinis = 0.39785416;
 constexpr double kZsings = -0.98088458;   // Sun's argument of perigee

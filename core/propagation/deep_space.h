@@ -5,6 +5,13 @@
 
 namespace norvane {
 
+// Mean motions (rad/min) and eccentricities of the Sun's and the Moon's
+// orbits in the lunar-solar terms.
+inline constexpr double kSunMeanMotion = 1.19459e-5;
+inline constexpr double kSunEccentricity = 0.01675;
+inline constexpr double kMoonMeanMotion = 1.5835218e-4;
+inline constexpr double kMoonEccentricity = 0.05490;
+
 // The record SDP4 and SDP8 share with the deep-space routine, by the names of
 // the report. Entry 1 reads the epoch quantities; entry 2 reads and updates
 // xll, omgasm, xnodes, xn at time t and sets em and xinc; entry 3 updates em,
