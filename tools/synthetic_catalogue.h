@@ -6,12 +6,10 @@
 #include <string_view>
 #include <vector>
 
+#include "core/elements/element_list.h"
 #include "core/elements/satellite.h"
 
 namespace norvane {
-
-// Every element set of a two- or three-line element text, however many.
-std::vector<Satellite> readElementSets(std::string_view text);
 
 // A catalogue of count satellites made from real element sets: each copy
 // keeps its template's orbit class (inclination, eccentricity, argument of
