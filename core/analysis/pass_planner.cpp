@@ -20,7 +20,8 @@ constexpr double kSecond = 1.0 / 86400.0;  // days
 constexpr double kDegree = kPi / 180.0;
 // Rounding room for the skip bounds, rad.
 constexpr double kVerticalMargin = 1e-7;
-constexpr double kTimeTolerance = 0.05 * kSecond;
+// Crossings and culminations are located to this, then rounded to the second.
+constexpr double kTimeTolerance = 0.2 * kSecond;
 // The Sun's elevation changes by at most the Earth's rotation rate.
 constexpr double kSunElevationRate = 7.3e-5 * 86400.0;  // rad/day
 
@@ -59,9 +60,9 @@ class PassSearch {
   // elevation, from the separation angle and the orbit's turn rate; days.
   double safeSpan(const SkySample& s) const;
   double stepAfter(const SkySample& s) const;
-  double crossing(const SkySample& before, const SkySample& after);
+  SkySample crossing(const SkySample& before, const SkySample& after);
   SkySample culmination(double from, double to);
-  PlannedPass makePass(double aos, double los, const SkySample& top) ;
+  PlannedPass makePass(const SkySample& aos, const SkySample& los, const SkySample& top);
   void findVisiblePart(PlannedPass& pass, double from, double to);
 
   StateSource& source_;
@@ -87,37 +88,43 @@ double PassSearch::safeSpan(const SkySample& s) const {
 }
 
 double PassSearch::stepAfter(const SkySample& s) const {
-  // Within a pass the step stays short enough to bracket the culmination.
-  const double longest = above(s) ? std::max(finest_, bounds_.periodDays / 12.0) : 1.0;
-  return std::clamp(safeSpan(s), finest_, longest);
+  if (!above(s)) return std::clamp(safeSpan(s), finest_, 1.0);
+  // Within a pass only the culmination needs bracketing, and a dip below the
+  // minimum shorter than a fortieth of the orbit is of no interest.
+  const double longest = std::max(finest_, bounds_.periodDays / 12.0);
+  return std::clamp(std::max(safeSpan(s), bounds_.periodDays / 40.0), finest_, longest);
 }
 
-double PassSearch::crossing(const SkySample& before, const SkySample& after) {
-  // Regula falsi with the Illinois weighting, on elevation - minimum.
-  double ta = before.jd;
-  double tb = after.jd;
-  double fa = before.elevation - minElevation_;
-  double fb = after.elevation - minElevation_;
+SkySample PassSearch::crossing(const SkySample& before, const SkySample& after) {
+  // Regula falsi with the Illinois weighting, on elevation - minimum; the
+  // sample nearest the crossing is returned with the crossing's time.
+  SkySample a = before;
+  SkySample b = after;
+  double fa = a.elevation - minElevation_;
+  double fb = b.elevation - minElevation_;
   int side = 0;
-  for (int i = 0; i < 60 && tb - ta > kTimeTolerance; ++i) {
-    double t = (ta * fb - tb * fa) / (fb - fa);
-    if (!(t > ta && t < tb)) t = 0.5 * (ta + tb);
+  for (int i = 0; i < 60 && b.jd - a.jd > kTimeTolerance; ++i) {
+    double t = (a.jd * fb - b.jd * fa) / (fb - fa);
+    if (!(t > a.jd && t < b.jd)) t = 0.5 * (a.jd + b.jd);
     const SkySample s = look(t);
     if (!s.valid) break;
     const double f = s.elevation - minElevation_;
     if ((f >= 0.0) == (fb >= 0.0)) {
-      tb = t;
+      b = s;
       fb = f;
       if (side == -1) fa *= 0.5;
       side = -1;
     } else {
-      ta = t;
+      a = s;
       fa = f;
       if (side == 1) fb *= 0.5;
       side = 1;
     }
   }
-  return 0.5 * (ta + tb);
+  const double t = 0.5 * (a.jd + b.jd);
+  SkySample nearest = std::fabs(a.elevation - minElevation_) < std::fabs(b.elevation - minElevation_) ? a : b;
+  nearest.jd = t;
+  return nearest;
 }
 
 SkySample PassSearch::culmination(double from, double to) {
@@ -132,26 +139,26 @@ SkySample PassSearch::culmination(double from, double to) {
           const SkySample s = look(from + seconds * kSecond);
           return s.valid ? -s.elevation : 10.0;
         },
-        0.0, (to - from) / kSecond, 0.05, negated);
+        0.0, (to - from) / kSecond, 0.2, negated);
     if (-negated > best.elevation || !best.valid) best = look(from + x * kSecond);
   }
   return best;
 }
 
-PlannedPass PassSearch::makePass(double aos, double los, const SkySample& top) {
+PlannedPass PassSearch::makePass(const SkySample& aos, const SkySample& los, const SkySample& top) {
   PlannedPass pass;
   pass.slot = slot_;
   pass.catnr = satellite_.catnr;
   pass.name = trimmedName(satellite_);
-  pass.aos = toSecond(aos);
-  pass.los = toSecond(los);
+  pass.aos = toSecond(aos.jd);
+  pass.los = toSecond(los.jd);
   pass.tca = toSecond(top.jd);
-  pass.aosAzimuth = degreesOf(look(aos).azimuth);
-  pass.losAzimuth = degreesOf(look(los).azimuth);
+  pass.aosAzimuth = degreesOf(aos.azimuth);
+  pass.losAzimuth = degreesOf(los.azimuth);
   pass.tcaAzimuth = degreesOf(top.azimuth);
   pass.tcaElevation = degreesOf(top.elevation);
   pass.minMagnitude = kUnknownMagnitude;
-  findVisiblePart(pass, aos, los);
+  findVisiblePart(pass, aos.jd, los.jd);
   return pass;
 }
 
@@ -193,7 +200,7 @@ void PassSearch::findVisiblePart(PlannedPass& pass, double from, double to) {
     return a.visible ? a : b;
   };
 
-  const double step = std::clamp(duration / 24.0, 5.0 * kSecond, 1800.0 * kSecond);
+  const double step = std::clamp(duration / 10.0, 5.0 * kSecond, 1800.0 * kSecond);
   const int steps = std::max(1, static_cast<int>(std::ceil(duration / step)));
   Moment previous = moment(from);
   // The first visible stretch: its ends and its brightest sample.
@@ -251,16 +258,16 @@ std::vector<PlannedPass> PassSearch::run(double start, double end) {
   // The pass under way: its AOS and the highest sample with its neighbours.
   bool inPass = above(previous);
   bool inProgress = inPass;
-  double aos = start;
+  SkySample aos = previous;
   SkySample top = previous;
   double topLeft = start;
   double topRight = start;
   bool topOpen = inPass;
   SkySample beforePrevious = previous;  // for culminations between samples below the minimum
 
-  auto closePass = [&](double los, double rightEdge) {
+  auto closePass = [&](const SkySample& los, double rightEdge) {
     if (topOpen) topRight = rightEdge;
-    const SkySample peak = culmination(std::max(aos, topLeft), std::min(los, topRight));
+    const SkySample peak = culmination(std::max(aos.jd, topLeft), std::min(los.jd, topRight));
     PlannedPass pass = makePass(aos, los, peak.valid && peak.elevation > top.elevation ? peak : top);
     pass.inProgressAtStart = inProgress;
     passes.push_back(std::move(pass));
@@ -274,7 +281,7 @@ std::vector<PlannedPass> PassSearch::run(double start, double end) {
     const SkySample s = look(next);
     if (!s.valid) {
       // The orbit has decayed: a pass under way ends with the last good sample.
-      if (inPass) closePass(t, t);
+      if (inPass) closePass(previous, t);
       return passes;
     }
     // The bound holds for the orbit the elements describe; a sample that turned
@@ -286,7 +293,7 @@ std::vector<PlannedPass> PassSearch::run(double start, double end) {
         inPass = true;
         aos = crossing(previous, s);
         top = s;
-        topLeft = aos;
+        topLeft = aos.jd;
         topOpen = true;
       } else if (previous.elevation > beforePrevious.elevation && previous.elevation >= s.elevation &&
                  safeSpan(previous) < s.jd - beforePrevious.jd) {
@@ -295,12 +302,12 @@ std::vector<PlannedPass> PassSearch::run(double start, double end) {
         const SkySample peak = culmination(beforePrevious.jd, s.jd);
         if (above(peak)) {
           aos = crossing(beforePrevious, peak);
-          const double los = crossing(peak, s);
+          const SkySample los = crossing(peak, s);
           top = peak;
           topLeft = topRight = peak.jd;
           topOpen = false;
           inPass = true;
-          closePass(los, los);
+          closePass(los, los.jd);
         }
       }
     } else {
@@ -321,7 +328,7 @@ std::vector<PlannedPass> PassSearch::run(double start, double end) {
   }
   if (inPass) {
     const bool wholeSpan = inProgress;
-    closePass(end, end);
+    closePass(previous, end);
     PlannedPass& last = passes.back();
     last.endsAfterSpan = true;
     last.neverSets = wholeSpan;
