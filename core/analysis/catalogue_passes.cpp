@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <atomic>
 #include <cmath>
+#include <functional>
+#include <iterator>
 #include <thread>
 
 #include "core/analysis/orbit_bounds.h"
 #include "core/astro/numeric.h"
-#include "core/propagation/batch_sdp4.h"
-#include "core/propagation/batch_sgp4.h"
 #include "core/propagation/propagate.h"
 
 namespace norvane {
@@ -20,36 +20,6 @@ constexpr double kDegree = kPi / 180.0;
 constexpr double kLatitudeMargin = 0.5 * kDegree;
 // Satellites a worker takes at a time.
 constexpr std::size_t kChunk = 8;
-
-// One satellite's states from a batch model (one vector evaluation each).
-template <class Batch>
-class BatchSource final : public StateSource {
- public:
-  BatchSource(const Batch& batch, std::size_t row) : batch_(batch), row_(row) {}
-  OrbitState stateAt(double julianDate) override { return batch_.stateAt(row_, julianDate); }
-
- private:
-  const Batch& batch_;
-  std::size_t row_;
-};
-
-// The satellites to search, split by model, with their index in the catalogue.
-struct Models {
-  std::vector<Satellite> nearEarth, deepSpace;
-  std::vector<std::size_t> nearIndex, deepIndex;
-};
-
-Models splitByModel(std::span<const Satellite> sats, const Geodetic& observer, double minElevationDeg) {
-  Models m;
-  for (std::size_t i = 0; i < sats.size(); ++i) {
-    if (!canRise(sats[i], observer, minElevationDeg)) continue;
-    WorkingSet w;
-    initialiseWorkingSet(w, sats[i]);
-    (w.isDeepSpace != 0 ? m.deepSpace : m.nearEarth).push_back(sats[i]);
-    (w.isDeepSpace != 0 ? m.deepIndex : m.nearIndex).push_back(i);
-  }
-  return m;
-}
 
 }  // namespace
 
@@ -74,10 +44,11 @@ bool canRise(const Satellite& satellite, const Geodetic& observer, double minEle
 
 CataloguePlan planAllPasses(std::span<const Satellite> sats, const Geodetic& observer, double startJd,
                             double endJd, const PlannerOptions& options, int threads) {
-  const Models models = splitByModel(sats, observer, options.minElevationDeg);
-  const BatchSgp4 nearEarth(models.nearEarth);
-  const BatchSdp4 deepSpace(models.deepSpace);
-  const std::size_t total = models.nearEarth.size() + models.deepSpace.size();
+  std::vector<std::size_t> searched;
+  for (std::size_t i = 0; i < sats.size(); ++i) {
+    if (canRise(sats[i], observer, options.minElevationDeg)) searched.push_back(i);
+  }
+  const std::size_t total = searched.size();
 
   CataloguePlan plan;
   plan.searched = total;
@@ -94,18 +65,10 @@ CataloguePlan planAllPasses(std::span<const Satellite> sats, const Geodetic& obs
       const std::size_t first = next.fetch_add(kChunk);
       if (first >= total) return;
       for (std::size_t k = first; k < std::min(total, first + kChunk); ++k) {
-        const bool deep = k >= models.nearEarth.size();
-        const std::size_t row = deep ? k - models.nearEarth.size() : k;
-        const std::size_t index = deep ? models.deepIndex[row] : models.nearIndex[row];
-        std::vector<PlannedPass> passes;
-        if (deep) {
-          BatchSource<BatchSdp4> source(deepSpace, row);
-          passes = planPassesFrom(source, sats[index], static_cast<int>(index), observer, startJd, endJd, options);
-        } else {
-          BatchSource<BatchSgp4> source(nearEarth, row);
-          passes = planPassesFrom(source, sats[index], static_cast<int>(index), observer, startJd, endJd, options);
-        }
-        out.insert(out.end(), passes.begin(), passes.end());
+        const std::size_t index = searched[k];
+        std::vector<PlannedPass> passes =
+            planPasses(sats[index], static_cast<int>(index), observer, startJd, endJd, options);
+        out.insert(out.end(), std::make_move_iterator(passes.begin()), std::make_move_iterator(passes.end()));
       }
     }
   };

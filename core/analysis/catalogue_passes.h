@@ -24,8 +24,8 @@ struct CataloguePlan {
 
 // The passes of every satellite of a catalogue of any size between startJd
 // and endJd, searched by the pass planner on threads workers (0: one per
-// processor), the states coming from the batch models. A pass's slot is the
-// satellite's index in sats.
+// processor) after the pre-filter canRise. A pass's slot is the satellite's
+// index in sats.
 CataloguePlan planAllPasses(std::span<const Satellite> sats, const Geodetic& observer, double startJd,
                             double endJd, const PlannerOptions& options, int threads);
 

@@ -183,15 +183,6 @@ void Sdp4Times(const double* values, const ResonantSatellite* resonant, const do
   }
 }
 
-void Sdp4One(const double* values, const ResonantSatellite* resonant, double tsince, double* state) {
-  const Tag d;
-  const StateLanes s = Sdp4Lanes(d, BroadcastSource<Sdp4Field>{values}, resonant, hn::Set(d, tsince));
-  const Vd km = hn::Set(d, kKilometresPerEarthRadius);
-  const Vd kms = hn::Set(d, kKmPerSecondPerEarthRadiusPerMinute);
-  const Vd parts[6] = {s.x * km, s.y * km, s.z * km, s.vx * kms, s.vy * kms, s.vz * kms};
-  for (std::size_t i = 0; i < 6; ++i) state[i] = hn::GetLane(parts[i]);
-}
-
 }  // namespace norvane::HWY_NAMESPACE
 HWY_AFTER_NAMESPACE();
 
@@ -203,7 +194,6 @@ namespace norvane {
 
 HWY_EXPORT(Sdp4Rows);
 HWY_EXPORT(Sdp4Times);
-HWY_EXPORT(Sdp4One);
 
 DeepSecularLane ResonantSatellite::secular(double t) const {
   DeepSpaceState state = deep;
@@ -258,18 +248,6 @@ void BatchSdp4::propagate(double jd, BatchStates& out) const {
 void BatchSdp4::propagateRows(double jd, std::size_t begin, std::size_t end, BatchStates& out) const {
   if (begin >= end) return;
   HWY_DYNAMIC_DISPATCH(Sdp4Rows)(columns_, resonant_.data(), jd, begin, end, out);
-}
-
-OrbitState BatchSdp4::stateAt(std::size_t index, double jd) const {
-  OrbitState state;
-  if (index >= size()) return state;
-  const auto values = columns_.row(index);
-  const double tsince = (jd - values[static_cast<std::size_t>(Sdp4Field::EpochJd)]) * 1440.0;
-  double s[6];
-  HWY_DYNAMIC_DISPATCH(Sdp4One)(values.data(), resonant_.data(), tsince, s);
-  state.positionKm = {s[0], s[1], s[2]};
-  state.velocityKmS = {s[3], s[4], s[5]};
-  return state;
 }
 
 void BatchSdp4::propagateTimes(std::size_t index, std::span<const double> jds, BatchStates& out) const {

@@ -98,15 +98,6 @@ void Sgp4Times(const double* values, const double* tsince, std::size_t count, Ba
 
 std::int64_t RunningTarget() { return HWY_TARGET; }
 
-void Sgp4One(const double* values, double tsince, double* state) {
-  const Tag d;
-  const StateLanes s = Sgp4Lanes(d, BroadcastSource<Sgp4Field>{values}, hn::Set(d, tsince));
-  const Vd km = hn::Set(d, kKilometresPerEarthRadius);
-  const Vd kms = hn::Set(d, kKmPerSecondPerEarthRadiusPerMinute);
-  const Vd parts[6] = {s.x * km, s.y * km, s.z * km, s.vx * kms, s.vy * kms, s.vz * kms};
-  for (std::size_t i = 0; i < 6; ++i) state[i] = hn::GetLane(parts[i]);
-}
-
 }  // namespace norvane::HWY_NAMESPACE
 HWY_AFTER_NAMESPACE();
 
@@ -118,7 +109,6 @@ namespace norvane {
 
 HWY_EXPORT(Sgp4Rows);
 HWY_EXPORT(Sgp4Times);
-HWY_EXPORT(Sgp4One);
 HWY_EXPORT(RunningTarget);
 
 const char* batchTargetName() { return hwy::TargetName(HWY_DYNAMIC_DISPATCH(RunningTarget)()); }
@@ -154,18 +144,6 @@ void BatchSgp4::propagate(double jd, BatchStates& out) const {
 void BatchSgp4::propagateRows(double jd, std::size_t begin, std::size_t end, BatchStates& out) const {
   if (begin >= end) return;
   HWY_DYNAMIC_DISPATCH(Sgp4Rows)(columns_, jd, begin, end, out);
-}
-
-OrbitState BatchSgp4::stateAt(std::size_t index, double jd) const {
-  OrbitState state;
-  if (index >= size()) return state;
-  const auto values = columns_.row(index);
-  const double tsince = (jd - values[static_cast<std::size_t>(Sgp4Field::EpochJd)]) * 1440.0;
-  double s[6];
-  HWY_DYNAMIC_DISPATCH(Sgp4One)(values.data(), tsince, s);
-  state.positionKm = {s[0], s[1], s[2]};
-  state.velocityKmS = {s[3], s[4], s[5]};
-  return state;
 }
 
 void BatchSgp4::propagateTimes(std::size_t index, std::span<const double> jds, BatchStates& out) const {

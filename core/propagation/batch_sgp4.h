@@ -4,7 +4,6 @@
 
 #include "core/elements/satellite.h"
 #include "core/propagation/batch_layout.h"
-#include "core/propagation/propagator.h"
 
 namespace norvane {
 
@@ -39,9 +38,6 @@ class BatchSgp4 {
   // Rows [begin, end) only (rounded out to whole vectors); out must already
   // be sized for size() rows. Lets threads share one batch.
   void propagateRows(double jd, std::size_t begin, std::size_t end, BatchStates& out) const;
-  // Satellite index at one Julian date (one vector's work for one result,
-  // for searches that need states one at a time).
-  OrbitState stateAt(std::size_t index, double jd) const;
   // Satellite index at each of the Julian dates; out gets one row per date.
   void propagateTimes(std::size_t index, std::span<const double> jds, BatchStates& out) const;
 
