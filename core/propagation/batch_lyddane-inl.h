@@ -26,16 +26,53 @@ using Tag = hn::ScalableTag<double>;
 using Vd = hn::Vec<Tag>;
 using Md = hn::Mask<Tag>;
 
-// x moved by whole turns into [-pi, pi]: the vector sine and cosine are
-// accurate only for moderate arguments, and mean anomalies of old element
-// sets grow to thousands of radians.
-HWY_INLINE Vd Wrapped(Tag d, Vd x) {
+// Sine and cosine of x together, sharing one argument reduction: x is
+// reduced by the nearest multiple q of pi/2 (pi/2 split in two parts), both are evaluated on
+// [-pi/4, pi/4] by the minimax polynomials of fdlibm's kernels, and the
+// quadrant q mod 4 swaps and negates them. Accurate to about one ulp.
+struct SinCosLanes {
+  Vd sin, cos;
+};
+
+HWY_INLINE SinCosLanes SinCos(Tag d, Vd angle) {
+  // Whole turns off first: old element sets give anomalies of thousands of radians.
   const Vd turn = hn::Set(d, kTwoPi);
-  return x - turn * hn::Round(x / turn);
+  const Vd x = angle - turn * hn::Round(angle / turn);
+  const Vd q = hn::Round(x * hn::Set(d, 0.63661977236758134308));  // 2/pi
+  const Vd r = (x - q * hn::Set(d, 1.57079632673412561417e+00)) - q * hn::Set(d, 6.07710050650619224932e-11);
+  const Vd z = r * r;
+  // Horner steps as fused multiply-adds where the processor has them.
+  const auto step = [&](Vd acc, double coefficient) { return hn::MulAdd(acc, z, hn::Set(d, coefficient)); };
+  const Vd sinPoly = step(step(step(step(hn::Set(d, 1.58969099521155010221e-10), -2.50507602534068634195e-08),
+                                    2.75573137070700676789e-06),
+                               -1.98412698298579493134e-04),
+                          8.33333333332248946124e-03);
+  const Vd s = hn::MulAdd(r * z, step(sinPoly, -1.66666666666666324348e-01), r);
+  const Vd cosPoly =
+      step(step(step(step(step(hn::Set(d, -1.13596475577881948265e-11), 2.08757232129817482790e-09),
+                          -2.75573143513906633035e-07),
+                     2.48015872894767294178e-05),
+                -1.38888888888741095749e-03),
+           4.16666666666666019037e-02);
+  const Vd one = hn::Set(d, 1.0);
+  const Vd halfZ = hn::Set(d, 0.5) * z;
+  const Vd w = one - halfZ;
+  const Vd c = w + (((one - w) - halfZ) + z * z * cosPoly);
+  // Quadrant q mod 4, exact in doubles for these small multiples.
+  const Vd quadrant = q - hn::Set(d, 4.0) * hn::Floor(q * hn::Set(d, 0.25));
+  const Md one1 = quadrant == one;
+  const Md three = quadrant == hn::Set(d, 3.0);
+  const Md two = quadrant == hn::Set(d, 2.0);
+  const Md odd = hn::Or(one1, three);
+  const Md sinNegative = hn::Or(two, three);
+  const Md cosNegative = hn::Or(one1, two);
+  const Vd sinAbs = hn::IfThenElse(odd, c, s);
+  const Vd cosAbs = hn::IfThenElse(odd, s, c);
+  return {hn::IfThenElse(sinNegative, hn::Neg(sinAbs), sinAbs), hn::IfThenElse(cosNegative, hn::Neg(cosAbs), cosAbs)};
 }
 
-HWY_INLINE Vd SinOf(Tag d, Vd x) { return hn::Sin(d, Wrapped(d, x)); }
-HWY_INLINE Vd CosOf(Tag d, Vd x) { return hn::Cos(d, Wrapped(d, x)); }
+HWY_INLINE Vd SinOf(Tag d, Vd x) { return SinCos(d, x).sin; }
+HWY_INLINE Vd CosOf(Tag d, Vd x) { return SinCos(d, x).cos; }
 
 // AcTan of numeric.h per lane: the angle of (c, s) in [0, 2pi].
 HWY_INLINE Vd AcTanLanes(Tag d, Vd s, Vd c) {
@@ -99,8 +136,9 @@ HWY_INLINE void KeplerLanes(Tag d, Vd capu, Vd axn, Vd ayn, Vd& sinE, Vd& cosE) 
   sinE = hn::Zero(d);
   cosE = hn::Zero(d);
   for (int pass = 0; pass < model::kKeplerPasses; ++pass) {
-    const Vd s = SinOf(d, e);
-    const Vd c = CosOf(d, e);
+    const SinCosLanes sc = SinCos(d, e);
+    const Vd s = sc.sin;
+    const Vd c = sc.cos;
     const Vd next = e + (capu - e + axn * s - ayn * c) / (one - axn * c - ayn * s);
     const Md settled = hn::AndNot(done, hn::Abs(next - e) <= tolerance);
     sinE = hn::IfThenElse(settled, s, sinE);
@@ -109,8 +147,9 @@ HWY_INLINE void KeplerLanes(Tag d, Vd capu, Vd axn, Vd ayn, Vd& sinE, Vd& cosE) 
     e = hn::IfThenElse(done, e, next);
     if (hn::AllTrue(d, done)) return;
   }
-  sinE = hn::IfThenElse(done, sinE, SinOf(d, e));
-  cosE = hn::IfThenElse(done, cosE, CosOf(d, e));
+  const SinCosLanes last = SinCos(d, e);
+  sinE = hn::IfThenElse(done, sinE, last.sin);
+  cosE = hn::IfThenElse(done, cosE, last.cos);
 }
 
 // model::lyddaneOutput per lane.
@@ -121,12 +160,13 @@ HWY_INLINE StateLanes LyddaneLanes(Tag d, const MeanLanes& m, const ShortPeriodL
   const Vd beta2 = one - m.e * m.e;
   const Vd xn = xke / (m.a * hn::Sqrt(m.a));
 
-  const Vd axn = m.e * CosOf(d, m.omega);
+  const SinCosLanes omega = SinCos(d, m.omega);
+  const Vd axn = m.e * omega.cos;
   const Vd tlp = one / (m.a * beta2);
   const Vd xll = tlp * k.xlcof * axn;
   const Vd aynl = tlp * k.aycof;
   const Vd xlt = m.xl + xll;
-  const Vd ayn = m.e * SinOf(d, m.omega) + aynl;
+  const Vd ayn = m.e * omega.sin + aynl;
 
   const Vd capu = FMod2pLanes(d, xlt - m.xnode);
   Vd sinE, cosE;
@@ -158,12 +198,15 @@ HWY_INLINE StateLanes LyddaneLanes(Tag d, const MeanLanes& m, const ShortPeriodL
   const Vd rdotk = rdot - xn * sp1 * k.x1mth2 * sin2u;
   const Vd rfdotk = rfdot + xn * sp1 * (k.x1mth2 * cos2u + oneAndHalf * k.x3thm1);
 
-  const Vd sinuk = SinOf(d, uk);
-  const Vd cosuk = CosOf(d, uk);
-  const Vd sinik = SinOf(d, xinck);
-  const Vd cosik = CosOf(d, xinck);
-  const Vd sinnok = SinOf(d, xnodek);
-  const Vd cosnok = CosOf(d, xnodek);
+  const SinCosLanes ukTrig = SinCos(d, uk);
+  const SinCosLanes ikTrig = SinCos(d, xinck);
+  const SinCosLanes nokTrig = SinCos(d, xnodek);
+  const Vd sinuk = ukTrig.sin;
+  const Vd cosuk = ukTrig.cos;
+  const Vd sinik = ikTrig.sin;
+  const Vd cosik = ikTrig.cos;
+  const Vd sinnok = nokTrig.sin;
+  const Vd cosnok = nokTrig.cos;
   const Vd xmx = hn::Neg(sinnok) * cosik;
   const Vd xmy = cosnok * cosik;
   const Vd ux = xmx * sinuk + cosnok * cosuk;

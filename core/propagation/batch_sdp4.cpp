@@ -7,11 +7,13 @@
 #include <algorithm>
 #include <cstdint>
 #include <iterator>
+#include <limits>
 #include <memory>
 #include <vector>
 
 #include "core/propagation/batch_lyddane-inl.h"
 #include "core/propagation/batch_sdp4.h"
+#include "core/propagation/deep_space.h"
 #include "hwy/highway.h"
 
 HWY_BEFORE_NAMESPACE();
@@ -21,26 +23,98 @@ using namespace batch;
 
 namespace {
 
+// The deep-space elements after the secular step.
 struct DeepLanes {
   Vd xll, omgasm, xnodes, em, xinc, xn;
 };
 
-// Runs the scalar resonance step in the lanes of resonant satellites and
-// puts its results back into the vectors.
-HWY_NOINLINE void ResonantLanes(Tag d, const ResonantSatellite* resonant, Vd index, Vd t, DeepLanes& x) {
-  HWY_ALIGN double lanes[7][kBatchRowPadding];
-  Vd* const vectors[6] = {&x.xll, &x.omgasm, &x.xnodes, &x.em, &x.xinc, &x.xn};
-  for (std::size_t v = 0; v < 6; ++v) hn::Store(*vectors[v], d, lanes[v]);
-  hn::Store(index, d, lanes[6]);
-  HWY_ALIGN double times[kBatchRowPadding];
-  hn::Store(t, d, times);
-  for (std::size_t j = 0; j < hn::Lanes(d); ++j) {
-    if (lanes[6][j] < 0.0) continue;
-    const DeepSecularLane s = resonant[static_cast<std::size_t>(lanes[6][j])].secular(times[j]);
-    const double values[6] = {s.xll, s.omgasm, s.xnodes, s.em, s.xinc, s.xn};
-    for (std::size_t v = 0; v < 6; ++v) lanes[v][j] = values[v];
+// The resonance integrator's point: angle, mean motion and time (min).
+struct IntegratorLanes {
+  Vd xli, xni, atime;
+};
+
+// Rates of the resonance angle, of the mean motion and the mean motion's
+// second derivative at the integrator's point (deep_space.cpp's
+// resonanceRates), for the lanes of each kind of resonance.
+template <class Source>
+HWY_INLINE void ResonanceRateLanes(Tag d, const Source& source, const IntegratorLanes& p, Md synchronous,
+                                   Md halfDay, Vd& xldot, Vd& xndot, Vd& xnddt) {
+  using enum Sdp4Field;
+  using namespace resonance;
+  const auto k = [&](Sdp4Field f) { return source(d, f); };
+  const auto c = [&](double value) { return hn::Set(d, value); };
+  xndot = hn::Zero(d);
+  xnddt = hn::Zero(d);
+  if (!hn::AllFalse(d, synchronous)) {
+    const SinCosLanes a1 = SinCos(d, p.xli - c(kFasx2));
+    const SinCosLanes a2 = SinCos(d, c(2.0) * (p.xli - c(kFasx4)));
+    const SinCosLanes a3 = SinCos(d, c(3.0) * (p.xli - c(kFasx6)));
+    xndot = hn::IfThenElse(synchronous, k(Del1) * a1.sin + k(Del2) * a2.sin + k(Del3) * a3.sin, xndot);
+    xnddt = hn::IfThenElse(synchronous,
+                           k(Del1) * a1.cos + c(2.0) * k(Del2) * a2.cos + c(3.0) * k(Del3) * a3.cos, xnddt);
   }
-  for (std::size_t v = 0; v < 6; ++v) *vectors[v] = hn::Load(d, lanes[v]);
+  if (!hn::AllFalse(d, halfDay)) {
+    const Vd xomi = k(Omegao) + k(Omgdot) * p.atime;
+    const Vd x2omi = xomi + xomi;
+    const Vd x2li = p.xli + p.xli;
+    const SinCosLanes t2201 = SinCos(d, x2omi + p.xli - c(kG22));
+    const SinCosLanes t2211 = SinCos(d, p.xli - c(kG22));
+    const SinCosLanes t3210 = SinCos(d, xomi + p.xli - c(kG32));
+    const SinCosLanes t3222 = SinCos(d, hn::Neg(xomi) + p.xli - c(kG32));
+    const SinCosLanes t4410 = SinCos(d, x2omi + x2li - c(kG44));
+    const SinCosLanes t4422 = SinCos(d, x2li - c(kG44));
+    const SinCosLanes t5220 = SinCos(d, xomi + p.xli - c(kG52));
+    const SinCosLanes t5232 = SinCos(d, hn::Neg(xomi) + p.xli - c(kG52));
+    const SinCosLanes t5421 = SinCos(d, xomi + x2li - c(kG54));
+    const SinCosLanes t5433 = SinCos(d, hn::Neg(xomi) + x2li - c(kG54));
+    const Vd sum = k(D2201) * t2201.sin + k(D2211) * t2211.sin + k(D3210) * t3210.sin + k(D3222) * t3222.sin +
+                   k(D4410) * t4410.sin + k(D4422) * t4422.sin + k(D5220) * t5220.sin + k(D5232) * t5232.sin +
+                   k(D5421) * t5421.sin + k(D5433) * t5433.sin;
+    const Vd second = k(D2201) * t2201.cos + k(D2211) * t2211.cos + k(D3210) * t3210.cos + k(D3222) * t3222.cos +
+                      k(D5220) * t5220.cos + k(D5232) * t5232.cos +
+                      c(2.0) * (k(D4410) * t4410.cos + k(D4422) * t4422.cos + k(D5421) * t5421.cos +
+                                k(D5433) * t5433.cos);
+    xndot = hn::IfThenElse(halfDay, sum, xndot);
+    xnddt = hn::IfThenElse(halfDay, second, xnddt);
+  }
+  xldot = p.xni + k(Xfact);
+  xnddt = xnddt * xldot;
+}
+
+
+// The resonance integration from epoch to t in steps of 720 minutes, then the
+// second-order step to t (deep_space.cpp's integrateResonance after a fresh
+// initialisation), in the resonant lanes; each lane stops at its own time.
+template <class Source>
+HWY_INLINE void ResonanceLanes(Tag d, const Source& source, Vd t, Md resonant, DeepLanes& x) {
+  using enum Sdp4Field;
+  using namespace resonance;
+  const auto k = [&](Sdp4Field f) { return source(d, f); };
+  const auto c = [&](double value) { return hn::Set(d, value); };
+  const Md synchronous = hn::And(resonant, k(Resonance) == c(2.0));
+  const Md halfDay = hn::And(resonant, k(Resonance) == c(1.0));
+  const Md reachable = hn::Abs(t) < c(kMaxIntegrationSpan);
+  const Vd delt = hn::IfThenElse(t >= hn::Zero(d), c(kStep), c(-kStep));
+  IntegratorLanes p{k(Xlamo), k(Xnodp), hn::Zero(d)};
+  Vd xldot, xndot, xnddt;
+  for (;;) {
+    const Md stepping = hn::And(hn::And(resonant, reachable), hn::Abs(t - p.atime) >= c(kStep));
+    if (hn::AllFalse(d, stepping)) break;
+    ResonanceRateLanes(d, source, p, synchronous, halfDay, xldot, xndot, xnddt);
+    p.xli = hn::IfThenElse(stepping, p.xli + xldot * delt + xndot * c(kStep2), p.xli);
+    p.xni = hn::IfThenElse(stepping, p.xni + xndot * delt + xnddt * c(kStep2), p.xni);
+    p.atime = hn::IfThenElse(stepping, p.atime + delt, p.atime);
+  }
+  ResonanceRateLanes(d, source, p, synchronous, halfDay, xldot, xndot, xnddt);
+  const Vd ft = t - p.atime;
+  const Vd half = c(0.5);
+  const Vd xn = p.xni + xndot * ft + xnddt * ft * ft * half;
+  const Vd xl = p.xli + xldot * ft + xndot * ft * ft * half;
+  const Vd thgrt = hn::Neg(x.xnodes) + k(Thgr) + t * c(kThdt);
+  const Vd xll = hn::IfThenElse(synchronous, xl - x.omgasm + thgrt, xl + thgrt + thgrt);
+  const Vd nan = c(std::numeric_limits<double>::quiet_NaN());
+  x.xn = hn::IfThenElse(resonant, hn::IfThenElse(reachable, xn, nan), x.xn);
+  x.xll = hn::IfThenElse(resonant, hn::IfThenElse(reachable, xll, nan), x.xll);
 }
 
 // One body's periodic terms at mean anomaly zm (deep_space.cpp's bodyPeriodicTerms).
@@ -55,10 +129,11 @@ HWY_INLINE BodyLanes BodyPeriodicLanes(Tag d, const Source& source, Sdp4Field fi
     return source(d, static_cast<Sdp4Field>(static_cast<int>(first) + offset));
   };
   const Vd zf = zm + hn::Set(d, twiceEccentricity) * SinOf(d, zm);
-  const Vd sinzf = SinOf(d, zf);
+  const SinCosLanes zfTrig = SinCos(d, zf);
+  const Vd sinzf = zfTrig.sin;
   const Vd half = hn::Set(d, 0.5);
   const Vd f2 = half * sinzf * sinzf - hn::Set(d, 0.25);
-  const Vd f3 = hn::Neg(half) * sinzf * CosOf(d, zf);
+  const Vd f3 = hn::Neg(half) * sinzf * zfTrig.cos;
   // Coefficients in the order e2 e3 i2 i3 l2 l3 l4 gh2 gh3 gh4 h2 h3.
   return {c(0) * f2 + c(1) * f3, c(2) * f2 + c(3) * f3, c(4) * f2 + c(5) * f3 + c(6) * sinzf,
           c(7) * f2 + c(8) * f3 + c(9) * sinzf, c(10) * f2 + c(11) * f3};
@@ -67,7 +142,7 @@ HWY_INLINE BodyLanes BodyPeriodicLanes(Tag d, const Source& source, Sdp4Field fi
 // The update of sdp4.cpp with the deep-space secular step and freshly
 // computed lunar-solar periodics, per lane at t minutes from each epoch.
 template <class Source>
-HWY_INLINE StateLanes Sdp4Lanes(Tag d, const Source& source, const ResonantSatellite* resonant, Vd t) {
+HWY_INLINE StateLanes Sdp4Lanes(Tag d, const Source& source, Vd t) {
   using enum Sdp4Field;
   const auto k = [&](Sdp4Field f) { return source(d, f); };
   const Vd one = hn::Set(d, 1.0);
@@ -91,8 +166,8 @@ HWY_INLINE StateLanes Sdp4Lanes(Tag d, const Source& source, const ResonantSatel
   x.xinc = hn::IfThenElse(negative, hn::Neg(x.xinc), x.xinc);
   x.xnodes = hn::IfThenElse(negative, x.xnodes + pi, x.xnodes);
   x.omgasm = hn::IfThenElse(negative, x.omgasm - pi, x.omgasm);
-  const Vd index = k(Resonant);
-  if (!hn::AllFalse(d, index >= zero)) ResonantLanes(d, resonant, index, t, x);
+  const Md resonant = k(Resonance) != zero;
+  if (!hn::AllFalse(d, resonant)) ResonanceLanes(d, source, t, resonant, x);
 
   const Vd tempa = one - k(C1) * t;
   const Vd tempe = k(Bstar) * k(C4) * t;
@@ -103,8 +178,9 @@ HWY_INLINE StateLanes Sdp4Lanes(Tag d, const Source& source, const ResonantSatel
   x.xll = x.xll + k(Xnodp) * templ;
 
   // Lunar-solar periodics.
-  const Vd sinis = SinOf(d, x.xinc);
-  const Vd cosis = CosOf(d, x.xinc);
+  const SinCosLanes inclination = SinCos(d, x.xinc);
+  const Vd sinis = inclination.sin;
+  const Vd cosis = inclination.cos;
   const BodyLanes sun =
       BodyPeriodicLanes(d, source, SunE2, k(Zmos) + hn::Set(d, kSunMeanMotion) * t, 2.0 * kSunEccentricity);
   const BodyLanes moon =
@@ -127,17 +203,18 @@ HWY_INLINE StateLanes Sdp4Lanes(Tag d, const Source& source, const ResonantSatel
   // the longitude, with the node kept continuous.
   if (!hn::AllTrue(d, inclined)) {
     const Vd xnoh = FMod2pLanes(d, x.xnodes);
-    const Vd sinok = SinOf(d, xnoh);
-    const Vd cosok = CosOf(d, xnoh);
+    const SinCosLanes node = SinCos(d, xnoh);
+    const Vd sinok = node.sin;
+    const Vd cosok = node.cos;
     const Vd alfdp = sinis * sinok + (ph * cosok + pinc * cosis * sinok);
     const Vd betdp = sinis * cosok + (hn::Neg(ph) * sinok + pinc * cosis * cosok);
     const Vd dls = pl + pgh - pinc * xnoh * sinis;
     const Vd xls = x.xll + x.omgasm + cosis * xnoh + dls;
-    Vd node = AcTanLanes(d, alfdp, betdp);
-    const Vd turn = hn::IfThenElse(node < xnoh, twoPi, hn::Neg(twoPi));
-    node = hn::IfThenElse(hn::Abs(xnoh - node) > pi, node + turn, node);
-    xnodes = hn::IfThenElse(inclined, xnodes, node);
-    omgasm = hn::IfThenElse(inclined, omgasm, xls - xll - CosOf(d, x.xinc) * node);
+    Vd newNode = AcTanLanes(d, alfdp, betdp);
+    const Vd turn = hn::IfThenElse(newNode < xnoh, twoPi, hn::Neg(twoPi));
+    newNode = hn::IfThenElse(hn::Abs(xnoh - newNode) > pi, newNode + turn, newNode);
+    xnodes = hn::IfThenElse(inclined, xnodes, newNode);
+    omgasm = hn::IfThenElse(inclined, omgasm, xls - xll - CosOf(d, x.xinc) * newNode);
   }
 
   MeanLanes m;
@@ -157,8 +234,7 @@ void outputColumns(BatchStates& out, double* columns[6]) {
 
 }  // namespace
 
-void Sdp4Rows(const SoaColumns<Sdp4Field>& c, const ResonantSatellite* resonant, double jd, std::size_t begin,
-              std::size_t end, BatchStates& out) {
+void Sdp4Rows(const SoaColumns<Sdp4Field>& c, double jd, std::size_t begin, std::size_t end, BatchStates& out) {
   const Tag d;
   const std::size_t lanes = hn::Lanes(d);
   double* columns[6];
@@ -167,19 +243,18 @@ void Sdp4Rows(const SoaColumns<Sdp4Field>& c, const ResonantSatellite* resonant,
   const Vd minutesPerDay = hn::Set(d, 1440.0);
   for (std::size_t row = begin / lanes * lanes; row < end; row += lanes) {
     const Vd t = (when - hn::LoadU(d, c.column(Sdp4Field::EpochJd) + row)) * minutesPerDay;
-    StoreState(d, Sdp4Lanes(d, RowSource<Sdp4Field>{c, row}, resonant, t), columns, row);
+    StoreState(d, Sdp4Lanes(d, RowSource<Sdp4Field>{c, row}, t), columns, row);
   }
 }
 
-void Sdp4Times(const double* values, const ResonantSatellite* resonant, const double* tsince, std::size_t count,
-               BatchStates& out) {
+void Sdp4Times(const double* values, const double* tsince, std::size_t count, BatchStates& out) {
   const Tag d;
   const std::size_t lanes = hn::Lanes(d);
   double* columns[6];
   outputColumns(out, columns);
   for (std::size_t row = 0; row < count; row += lanes) {
     const Vd t = hn::LoadU(d, tsince + row);
-    StoreState(d, Sdp4Lanes(d, BroadcastSource<Sdp4Field>{values}, resonant, t), columns, row);
+    StoreState(d, Sdp4Lanes(d, BroadcastSource<Sdp4Field>{values}, t), columns, row);
   }
 }
 
@@ -195,19 +270,6 @@ namespace norvane {
 HWY_EXPORT(Sdp4Rows);
 HWY_EXPORT(Sdp4Times);
 
-DeepSecularLane ResonantSatellite::secular(double t) const {
-  DeepSpaceState state = deep;
-  ModelFlags f = flags;
-  DeepExchange& x = state.exchange;
-  x.xll = work.xmo + xmdot * t;
-  x.omgasm = work.omegao + omgdot * t;
-  x.xnodes = work.xnodeo + xnodot * t + xnodcf * (t * t);
-  x.xn = xnodp;
-  x.t = t;
-  norvane::deep(state, f, 2, work);
-  return {x.xll, x.omgasm, x.xnodes, x.em, x.xinc, x.xn};
-}
-
 BatchSdp4::BatchSdp4(std::span<const Satellite> satellites) {
   columns_.resize(satellites.size());
   for (std::size_t i = 0; i < satellites.size(); ++i) {
@@ -218,11 +280,8 @@ BatchSdp4::BatchSdp4(std::span<const Satellite> satellites) {
     auto deepState = std::make_unique<DeepSpaceState>();
     sdp4Initialise(k, *deepState, flags, w, deepSpaceEpochDays(w.epoch));
     const DeepSpaceState& s = *deepState;
-    double resonantIndex = -1.0;
-    if (flags.resonance != 0) {
-      resonantIndex = static_cast<double>(resonant_.size());
-      resonant_.push_back({w, k.xnodp, k.xmdot, k.omgdot, k.xnodot, k.xnodcf, s, flags});
-    }
+    const double resonance = flags.resonance == 0 ? 0.0 : flags.synchronous != 0 ? 2.0 : 1.0;
+    resonant_ += flags.resonance != 0 ? 1 : 0;
     const model::ShortPeriodCoefficients& sp = k.shortPeriod;
     const BodyPeriodics& sun = s.solar;
     const BodyPeriodics& moon = s.lunar;
@@ -233,7 +292,10 @@ BatchSdp4::BatchSdp4(std::span<const Satellite> satellites) {
         s.sse, s.ssi, s.ssl, s.ssg, s.ssh, s.zmos, s.zmol,
         sun.e2, sun.e3, sun.i2, sun.i3, sun.l2, sun.l3, sun.l4, sun.gh2, sun.gh3, sun.gh4, sun.h2, sun.h3,
         moon.e2, moon.e3, moon.i2, moon.i3, moon.l2, moon.l3, moon.l4, moon.gh2, moon.gh3, moon.gh4, moon.h2,
-        moon.h3, resonantIndex, epochToJulian(w.epoch)};
+        moon.h3,
+        resonance, s.xlamo, s.xfact, s.thgr, s.del1, s.del2, s.del3,
+        s.d2201, s.d2211, s.d3210, s.d3222, s.d4410, s.d4422, s.d5220, s.d5232, s.d5421, s.d5433,
+        epochToJulian(w.epoch)};
     static_assert(std::size(values) == SoaColumns<Sdp4Field>::kFields);
     for (std::size_t f = 0; f < std::size(values); ++f) columns_.at(static_cast<Sdp4Field>(f), i) = values[f];
   }
@@ -247,7 +309,7 @@ void BatchSdp4::propagate(double jd, BatchStates& out) const {
 
 void BatchSdp4::propagateRows(double jd, std::size_t begin, std::size_t end, BatchStates& out) const {
   if (begin >= end) return;
-  HWY_DYNAMIC_DISPATCH(Sdp4Rows)(columns_, resonant_.data(), jd, begin, end, out);
+  HWY_DYNAMIC_DISPATCH(Sdp4Rows)(columns_, jd, begin, end, out);
 }
 
 void BatchSdp4::propagateTimes(std::size_t index, std::span<const double> jds, BatchStates& out) const {
@@ -257,7 +319,7 @@ void BatchSdp4::propagateTimes(std::size_t index, std::span<const double> jds, B
   const double epoch = values[static_cast<std::size_t>(Sdp4Field::EpochJd)];
   std::vector<double> tsince(out.padded());
   for (std::size_t i = 0; i < tsince.size(); ++i) tsince[i] = (jds[std::min(i, jds.size() - 1)] - epoch) * 1440.0;
-  HWY_DYNAMIC_DISPATCH(Sdp4Times)(values.data(), resonant_.data(), tsince.data(), out.padded(), out);
+  HWY_DYNAMIC_DISPATCH(Sdp4Times)(values.data(), tsince.data(), out.padded(), out);
 }
 
 }  // namespace norvane

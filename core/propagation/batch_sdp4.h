@@ -1,19 +1,16 @@
 #pragma once
 #include <cstddef>
 #include <span>
-#include <vector>
 
 #include "core/elements/satellite.h"
 #include "core/propagation/batch_layout.h"
-#include "core/propagation/deep_space.h"
-#include "core/propagation/model_flags.h"
-#include "core/propagation/working_set.h"
 
 namespace norvane {
 
 // Per-satellite columns of the batch SDP4: the element set in model units,
 // SDP4's epoch constants, the deep-space secular rates, the Sun's and the
-// Moon's periodic coefficients and mean anomalies at epoch.
+// Moon's periodic coefficients and mean anomalies at epoch, and the
+// resonance terms.
 enum class Sdp4Field {
   Xmo, Omegao, Xnodeo, Bstar, Eo, Xincl,
   Xnodp, C1, C4, T2cof, Xnodcf, Xmdot, Omgdot, Xnodot,
@@ -21,34 +18,20 @@ enum class Sdp4Field {
   Sse, Ssi, Ssl, Ssg, Ssh, Zmos, Zmol,
   SunE2, SunE3, SunI2, SunI3, SunL2, SunL3, SunL4, SunGh2, SunGh3, SunGh4, SunH2, SunH3,
   MoonE2, MoonE3, MoonI2, MoonI3, MoonL2, MoonL3, MoonL4, MoonGh2, MoonGh3, MoonGh4, MoonH2, MoonH3,
-  Resonant,  // index into the resonant satellites, or -1
+  // The resonance: 0 none, 1 the 12-hour, 2 the 24-hour (synchronous) one;
+  // the integrator's start, rates and coefficients.
+  Resonance, Xlamo, Xfact, Thgr, Del1, Del2, Del3,
+  D2201, D2211, D3210, D3222, D4410, D4422, D5220, D5232, D5421, D5433,
   EpochJd,   // UTC Julian date of the element epoch
   Count
-};
-
-// The deep-space elements after the secular step at one time.
-struct DeepSecularLane {
-  double xll = 0, omgasm = 0, xnodes = 0, em = 0, xinc = 0, xn = 0;
-};
-
-// A satellite in the 12- or 24-hour resonance: its secular step integrates
-// the resonance terms, which makes lanes diverge, so it runs the scalar
-// deep-space routine from the epoch state.
-struct ResonantSatellite {
-  WorkingSet work;
-  double xnodp = 0, xmdot = 0, omgdot = 0, xnodot = 0, xnodcf = 0;
-  DeepSpaceState deep;
-  ModelFlags flags;
-
-  // The secular and resonance step at t minutes from epoch (const: the
-  // integrator runs on a copy of the epoch state).
-  DeepSecularLane secular(double t) const;
 };
 
 // SDP4 for many deep-space element sets at once, several satellites per SIMD
 // register, on the best instruction set the processor offers. Each result is
 // the scalar model's first call after initialisation at that time (the
-// lunar-solar terms evaluated at that time), to well under a millimetre.
+// lunar-solar terms evaluated at that time, the resonance integrated from
+// epoch), to well under a millimetre. Lanes integrate the resonance for as
+// many steps as their own time needs; a vector waits for its longest lane.
 class BatchSdp4 {
  public:
   BatchSdp4() = default;
@@ -56,7 +39,7 @@ class BatchSdp4 {
   explicit BatchSdp4(std::span<const Satellite> satellites);
 
   std::size_t size() const { return columns_.rows(); }
-  std::size_t resonantCount() const { return resonant_.size(); }
+  std::size_t resonantCount() const { return resonant_; }
   const SoaColumns<Sdp4Field>& columns() const { return columns_; }
 
   // Every satellite at UTC Julian date jd; out gets one row per satellite.
@@ -69,7 +52,7 @@ class BatchSdp4 {
 
  private:
   SoaColumns<Sdp4Field> columns_;
-  std::vector<ResonantSatellite> resonant_;
+  std::size_t resonant_ = 0;
 };
 
 }  // namespace norvane
