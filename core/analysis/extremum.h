@@ -3,19 +3,28 @@
 
 namespace norvane {
 
+// A point of a minimum search and the function's value there.
+struct Probe {
+  double x = 0;
+  double f = 0;
+};
+
 // Smallest value of g on [a, b] by golden sections with parabolic steps,
-// located to within tol (same unit as a and b). Returns x; g(x) in fx.
+// located to within tol (same unit as a and b), starting from three probes
+// already made: best, second best and third. Returns x; g(x) in fx.
 template <typename F>
-double minimiseOn(F&& g, double a, double b, double tol, double& fx) {
+double minimiseFrom(F&& g, double a, double b, Probe best, Probe second, Probe third, double tol, double& fx) {
   constexpr double kGolden = 0.3819660112501051;  // (3 - sqrt 5) / 2
-  double x = a + kGolden * (b - a);
-  double w = x;
-  double v = x;
-  fx = g(x);
-  double fw = fx;
-  double fv = fx;
-  double d = 0;
-  double e = 0;
+  double x = best.x;
+  fx = best.f;
+  double w = second.x;
+  double fw = second.f;
+  double v = third.x;
+  double fv = third.f;
+  // A first step as long as the interval lets the parabola through the three
+  // probes be tried at once.
+  double d = b - a;
+  double e = b - a;
   for (int iteration = 0; iteration < 100; ++iteration) {
     const double middle = 0.5 * (a + b);
     if (std::fabs(x - middle) <= 2.0 * tol - 0.5 * (b - a)) break;
@@ -65,6 +74,14 @@ double minimiseOn(F&& g, double a, double b, double tol, double& fx) {
     }
   }
   return x;
+}
+
+// The same from scratch: the first probe at the golden section of [a, b].
+template <typename F>
+double minimiseOn(F&& g, double a, double b, double tol, double& fx) {
+  const double x = a + 0.3819660112501051 * (b - a);
+  const double f = g(x);
+  return minimiseFrom(g, a, b, {x, f}, {x, f}, {x, f}, tol, fx);
 }
 
 }  // namespace norvane

@@ -62,7 +62,20 @@ OrbitBounds orbitBoundsOf(const ElementSet& elements) {
   const double decay = 2.0 / 3.0 * a * 2.0 * std::fabs(elements.xndt2o) / elements.xno;  // km/day
   b.maxRadialSpeed =
       1.1 * (kEarthGm * (e + spread) / h + speed * kFoot / (perigee - kFoot)) * kSecondsPerDay + 2.0 * decay + 1.0;
-  b.usable = std::isfinite(b.maxTurnRate) && b.maxTurnRate > 0.0;
+  // A unit vector towards a point at distance rho moving with velocity v and
+  // acceleration a turns with an acceleration of at most |a| / rho +
+  // 2 |v radial| |v across| / rho^2. In the Earth-fixed frame a is gravity
+  // (seen from the foot, only its share across the line of sight counts),
+  // the Coriolis and centrifugal terms, J2, and the Sun and Moon.
+  const double rho = perigee - kFoot;
+  const double gravity = kEarthGm / (perigee * perigee);
+  const double across2 = gravity * kFoot / rho + 2.0 * kEarthRotation * speed * dragGrowth +
+                         kEarthRotation * kEarthRotation * apogee +
+                         3.0 * kJ2 * gravity * kEarthRadiusKm * kEarthRadiusKm / (perigee * perigee) + 2e-8;
+  const double turn = b.maxTurnRate / kSecondsPerDay;
+  const double radial = b.maxRadialSpeed / kSecondsPerDay;
+  b.maxTurnAcceleration = 1.5 * (across2 / rho + 2.0 * radial * turn / rho) * kSecondsPerDay * kSecondsPerDay;
+  b.usable = std::isfinite(b.maxTurnRate) && b.maxTurnRate > 0.0 && std::isfinite(b.maxTurnAcceleration);
   return b;
 }
 

@@ -12,6 +12,7 @@ struct OrbitBounds {
   double maxRadiusKm = 0;
   double maxTurnRate = 0;   // rad/day, with a margin for perturbations
   double maxRadialSpeed = 0;  // km/day, of the distance from such a point
+  double maxTurnAcceleration = 0;  // rad/day^2, of that direction, across its path and along it
   double periodDays = 0;    // mean-motion period
   bool usable = false;      // false for a mean motion of 0 or an element set without an orbit
 };

@@ -36,12 +36,13 @@ class PropagatorSource final : public StateSource {
 struct SkySample {
   double jd = 0;
   double elevation = 0;   // rad above the observer's geodetic horizon, no refraction
-  double azimuth = 0;     // rad from north through east, [0, 2pi)
+  double azimuth = 0;     // rad from north through east, [0, 2pi); 0 below the horizon (see SkyView::azimuthOf)
   // Angle between observer and satellite seen from the point where the
   // observer's vertical meets the Earth's axis (the vertical's foot): there
   // the elevation depends on this angle and the distances alone, exactly as
   // for a spherical Earth seen from its centre.
   double separation = 0;      // rad
+  double separationRate = 0;  // rad/day
   double footToObserver = 0;  // km, the observer's distance from the vertical's foot
   double footToSatellite = 0; // km, the satellite's distance from it
   StateVector satPos;     // km, geocentric, with its length
@@ -59,6 +60,9 @@ class SkyView {
   explicit SkyView(const Geodetic& observer);
 
   SkySample sample(double jd, const OrbitState& state);
+  // The sample's azimuth, worked out from its position when it was below the
+  // horizon (rad).
+  double azimuthOf(const SkySample& s);
   // Sun elevation (rad, no refraction) and the Sun's geocentric vector (km).
   double sunElevation(double jd, StateVector& sun);
 

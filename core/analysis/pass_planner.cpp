@@ -22,6 +22,8 @@ constexpr double kDegree = kPi / 180.0;
 constexpr double kVerticalMargin = 1e-7;
 // Crossings and culminations are located to this, then rounded to the second.
 constexpr double kTimeTolerance = 0.2 * kSecond;
+// Orbits of this period and longer are propagated as deep-space ones.
+constexpr double kDeepSpacePeriod = 225.0 / 1440.0;  // days
 // The Sun's elevation changes by at most the Earth's rotation rate.
 constexpr double kSunElevationRate = 7.3e-5 * 86400.0;  // rad/day
 
@@ -58,10 +60,12 @@ class PassSearch {
   bool above(const SkySample& s) const { return s.elevation >= minElevation_; }
   // How long the satellite certainly stays on its side of the minimum
   // elevation, from the separation angle and the orbit's turn rate; days.
-  double safeSpan(const SkySample& s) const;
+  // Backwards in time when `backwards` is set.
+  double safeSpan(const SkySample& s, bool backwards = false) const;
   double stepAfter(const SkySample& s) const;
   SkySample crossing(const SkySample& before, const SkySample& after);
-  SkySample culmination(double from, double to);
+  // The highest point between left and right, top being the highest sample.
+  SkySample culmination(const SkySample& left, const SkySample& top, const SkySample& right);
   PlannedPass makePass(const SkySample& aos, const SkySample& los, const SkySample& top);
   void findVisiblePart(PlannedPass& pass, double from, double to);
 
@@ -76,7 +80,7 @@ class PassSearch {
   double turnRate_ = 0;  // rad/day, raised when the samples show a faster turn
 };
 
-double PassSearch::safeSpan(const SkySample& s) const {
+double PassSearch::safeSpan(const SkySample& s, bool backwards) const {
   // The separation at which the satellite would stand at the minimum
   // elevation moves with the satellite's distance; both motions are bounded.
   const bool up = above(s);
@@ -84,15 +88,29 @@ double PassSearch::safeSpan(const SkySample& s) const {
   const double limit = horizonSeparation(s.footToObserver, s.footToSatellite, elevation);
   const double room = up ? limit - s.separation : s.separation - limit;
   const double slope = horizonSeparationSlope(s.footToObserver, bounds_.minRadiusKm, elevation);
-  return std::max(0.0, room) / (turnRate_ + slope * bounds_.maxRadialSpeed);
+  const double closing = turnRate_ + slope * bounds_.maxRadialSpeed;
+  const double firstOrder = std::max(0.0, room) / closing;
+  if (up || !(room > 0.0) || s.separation > kPi / 2) return firstOrder;
+  // Below a right angle the separation curves away from the observer but for
+  // the turn's acceleration: sep(t) >= sep + rate t - A t^2 / 2, for as long
+  // as it stays below a right angle; once above, it takes the first-order
+  // time to come back.
+  const double scale = turnRate_ / bounds_.maxTurnRate;
+  const double a = bounds_.maxTurnAcceleration * scale * scale;
+  const double b = (backwards ? -s.separationRate : s.separationRate) - slope * bounds_.maxRadialSpeed;
+  const double secondOrder = (b + std::sqrt(b * b + 2.0 * a * room)) / a;
+  const double outAndBack = (kPi - s.separation - limit) / closing;
+  return std::max(firstOrder, std::min(secondOrder, outAndBack));
 }
 
 double PassSearch::stepAfter(const SkySample& s) const {
   if (!above(s)) return std::clamp(safeSpan(s), finest_, 1.0);
-  // Within a pass only the culmination needs bracketing, and a dip below the
-  // minimum shorter than a fortieth of the orbit is of no interest.
+  // Within a pass the culmination must stay bracketed. A near-Earth orbit
+  // rises and sets once per pass, so a fortieth of its period is safe; a high
+  // orbit may dip below the minimum and back, and keeps to its bounds.
   const double longest = std::max(finest_, bounds_.periodDays / 12.0);
-  return std::clamp(std::max(safeSpan(s), bounds_.periodDays / 40.0), finest_, longest);
+  const double shortest = bounds_.periodDays < kDeepSpacePeriod ? bounds_.periodDays / 40.0 : 0.0;
+  return std::clamp(std::max(safeSpan(s), shortest), finest_, longest);
 }
 
 SkySample PassSearch::crossing(const SkySample& before, const SkySample& after) {
@@ -127,21 +145,21 @@ SkySample PassSearch::crossing(const SkySample& before, const SkySample& after) 
   return nearest;
 }
 
-SkySample PassSearch::culmination(double from, double to) {
-  // Seconds from `from`, so the tolerance is not lost in the Julian date.
-  SkySample best = look(from);
-  const SkySample last = look(to);
-  if (last.valid && (!best.valid || last.elevation > best.elevation)) best = last;
-  if (to - from > kTimeTolerance) {
-    double negated = 0;
-    const double x = minimiseOn(
-        [&](double seconds) {
-          const SkySample s = look(from + seconds * kSecond);
-          return s.valid ? -s.elevation : 10.0;
-        },
-        0.0, (to - from) / kSecond, 0.2, negated);
-    if (-negated > best.elevation || !best.valid) best = look(from + x * kSecond);
-  }
+SkySample PassSearch::culmination(const SkySample& left, const SkySample& top, const SkySample& right) {
+  SkySample best = top;
+  if (!(right.jd - left.jd > kTimeTolerance)) return best;
+  // Seconds from left, so the tolerance is not lost in the Julian date.
+  auto negatedElevation = [&](double seconds) {
+    const SkySample s = look(left.jd + seconds * kSecond);
+    if (!s.valid) return 10.0;
+    if (s.elevation > best.elevation) best = s;
+    return -s.elevation;
+  };
+  auto probe = [&](const SkySample& s) { return Probe{(s.jd - left.jd) / kSecond, -s.elevation}; };
+  const bool leftHigher = left.elevation > right.elevation;
+  double ignored = 0;
+  minimiseFrom(negatedElevation, 0.0, (right.jd - left.jd) / kSecond, probe(top), probe(leftHigher ? left : right),
+               probe(leftHigher ? right : left), 0.2, ignored);
   return best;
 }
 
@@ -153,9 +171,9 @@ PlannedPass PassSearch::makePass(const SkySample& aos, const SkySample& los, con
   pass.aos = toSecond(aos.jd);
   pass.los = toSecond(los.jd);
   pass.tca = toSecond(top.jd);
-  pass.aosAzimuth = degreesOf(aos.azimuth);
-  pass.losAzimuth = degreesOf(los.azimuth);
-  pass.tcaAzimuth = degreesOf(top.azimuth);
+  pass.aosAzimuth = degreesOf(view_.azimuthOf(aos));
+  pass.losAzimuth = degreesOf(view_.azimuthOf(los));
+  pass.tcaAzimuth = degreesOf(view_.azimuthOf(top));
   pass.tcaElevation = degreesOf(top.elevation);
   pass.minMagnitude = kUnknownMagnitude;
   findVisiblePart(pass, aos.jd, los.jd);
@@ -172,7 +190,9 @@ void PassSearch::findVisiblePart(PlannedPass& pass, double from, double to) {
     Moment m;
     m.jd = jd;
     const SkySample s = look(jd);
-    if (!s.valid) return m;
+    // Seen by eye: above the horizon (a minimum elevation may be below it),
+    // sunlit, and the sky dark.
+    if (!s.valid || !(s.elevation > 0.0)) return m;
     StateVector sun;
     if (!(view_.sunElevation(jd, sun) < kDarkSkySunElevation)) return m;
     double depth = 0;
@@ -260,15 +280,16 @@ std::vector<PlannedPass> PassSearch::run(double start, double end) {
   bool inProgress = inPass;
   SkySample aos = previous;
   SkySample top = previous;
-  double topLeft = start;
-  double topRight = start;
+  SkySample topLeft = previous;   // the samples either side of the highest one
+  SkySample topRight = previous;
   bool topOpen = inPass;
   SkySample beforePrevious = previous;  // for culminations between samples below the minimum
 
-  auto closePass = [&](const SkySample& los, double rightEdge) {
+  auto closePass = [&](const SkySample& los, const SkySample& rightEdge) {
     if (topOpen) topRight = rightEdge;
-    const SkySample peak = culmination(std::max(aos.jd, topLeft), std::min(los.jd, topRight));
-    PlannedPass pass = makePass(aos, los, peak.valid && peak.elevation > top.elevation ? peak : top);
+    const SkySample peak =
+        culmination(topLeft.jd < aos.jd ? aos : topLeft, top, topRight.jd > los.jd ? los : topRight);
+    PlannedPass pass = makePass(aos, los, peak);
     pass.inProgressAtStart = inProgress;
     passes.push_back(std::move(pass));
     inPass = false;
@@ -281,7 +302,7 @@ std::vector<PlannedPass> PassSearch::run(double start, double end) {
     const SkySample s = look(next);
     if (!s.valid) {
       // The orbit has decayed: a pass under way ends with the last good sample.
-      if (inPass) closePass(previous, t);
+      if (inPass) closePass(previous, previous);
       return passes;
     }
     // The bound holds for the orbit the elements describe; a sample that turned
@@ -293,34 +314,34 @@ std::vector<PlannedPass> PassSearch::run(double start, double end) {
         inPass = true;
         aos = crossing(previous, s);
         top = s;
-        topLeft = aos.jd;
+        topLeft = aos;
         topOpen = true;
       } else if (previous.elevation > beforePrevious.elevation && previous.elevation >= s.elevation &&
-                 safeSpan(previous) < s.jd - beforePrevious.jd) {
+                 (safeSpan(previous, true) < previous.jd - beforePrevious.jd ||
+                  safeSpan(previous) < s.jd - previous.jd)) {
         // A culmination below the minimum at the sampled times, where the
         // orbit could have reached above it in between: a grazing pass?
-        const SkySample peak = culmination(beforePrevious.jd, s.jd);
+        const SkySample peak = culmination(beforePrevious, previous, s);
         if (above(peak)) {
           aos = crossing(beforePrevious, peak);
           const SkySample los = crossing(peak, s);
-          top = peak;
-          topLeft = topRight = peak.jd;
+          top = topLeft = topRight = peak;
           topOpen = false;
           inPass = true;
-          closePass(los, los.jd);
+          closePass(los, los);
         }
       }
     } else {
       if (topOpen) {
-        topRight = s.jd;
+        topRight = s;
         topOpen = false;
       }
       if (s.elevation > top.elevation) {
         top = s;
-        topLeft = previous.jd;
+        topLeft = previous;
         topOpen = true;
       }
-      if (!above(s)) closePass(crossing(previous, s), s.jd);
+      if (!above(s)) closePass(crossing(previous, s), s);
     }
     beforePrevious = previous;
     previous = s;
@@ -328,7 +349,7 @@ std::vector<PlannedPass> PassSearch::run(double start, double end) {
   }
   if (inPass) {
     const bool wholeSpan = inProgress;
-    closePass(previous, end);
+    closePass(previous, previous);
     PlannedPass& last = passes.back();
     last.endsAfterSpan = true;
     last.neverSets = wholeSpan;
