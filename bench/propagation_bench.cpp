@@ -12,6 +12,7 @@
 #include "core/propagation/batch_sdp4.h"
 #include "core/propagation/batch_sgp4.h"
 #include "core/propagation/propagate.h"
+#include "core/propagation/propagator.h"
 #include "tools/synthetic_catalogue.h"
 
 namespace norvane {
@@ -94,6 +95,20 @@ void batchAtOneTime(benchmark::State& state, bool deepSpace) {
   countPropagations(state, sats.size());
 }
 
+// The same catalogues through the scalar models, one warm Propagator per
+// satellite: the reference for the batch at one time.
+void scalarAtOneTime(benchmark::State& state, bool deepSpace) {
+  const std::vector<Satellite> sats = catalogue(static_cast<std::size_t>(state.range(0)), deepSpace);
+  std::vector<Propagator> propagators(sats.begin(), sats.end());
+  const double start = epochToJulian(sats.front().epoch);
+  unsigned i = 0;
+  for (auto _ : state) {
+    const double jd = start + timeOf(i++) / 1440.0;
+    for (Propagator& p : propagators) benchmark::DoNotOptimize(p.stateAt(jd));
+  }
+  countPropagations(state, sats.size());
+}
+
 // One satellite at 1440 times a minute apart.
 template <class Batch>
 void batchOverADay(benchmark::State& state, const char* const lines[2]) {
@@ -115,6 +130,8 @@ const bool registered = [] {
   benchmark::AddCustomContext("batch_simd_target", batchTargetName());
   benchmark::RegisterBenchmark("BM_Batch/SGP4/satellites", batchAtOneTime<BatchSgp4>, false)->Arg(181)->Arg(12000);
   benchmark::RegisterBenchmark("BM_Batch/SDP4/satellites", batchAtOneTime<BatchSdp4>, true)->Arg(181)->Arg(12000);
+  benchmark::RegisterBenchmark("BM_Scalar/SGP4/satellites", scalarAtOneTime, false)->Arg(12000);
+  benchmark::RegisterBenchmark("BM_Scalar/SDP4/satellites", scalarAtOneTime, true)->Arg(12000);
   benchmark::RegisterBenchmark("BM_Batch/SGP4/times_1440", batchOverADay<BatchSgp4>, kNearEarth);
   benchmark::RegisterBenchmark("BM_Batch/SDP4/times_1440", batchOverADay<BatchSdp4>, kDeepSpace);
   benchmark::RegisterBenchmark("BM_Warm/SGP4", warm, kNearEarth, 0);
