@@ -198,5 +198,25 @@ TEST(BatchPropagation, ResonantLanesAndRowRanges) {
   EXPECT_EQ(out.rows(), 0u);
 }
 
+// An element set without an orbit (mean motion 0) gives no number in its own
+// lane and leaves its neighbours' lanes alone.
+TEST(BatchPropagation, ALaneWithoutAnOrbitKeepsToItself) {
+  std::vector<Satellite> sats = bundledFile("iridium_2014-06-21.txt");
+  ASSERT_GT(sats.size(), 9u);
+  sats.resize(9);
+  const double jd = latestEpoch(sats) + 0.25;
+  BatchStates clean, mixed;
+  BatchSgp4(sats).propagate(jd, clean);
+  sats.insert(sats.begin() + 2, Satellite{});
+  BatchSgp4(sats).propagate(jd, mixed);
+  EXPECT_FALSE(std::isfinite(mixed.at(StateField::X, 2)));
+  for (std::size_t i = 0; i < clean.rows(); ++i) {
+    const std::size_t row = i < 2 ? i : i + 1;
+    for (std::size_t f = 0; f < 6; ++f) {
+      EXPECT_EQ(clean.at(static_cast<StateField>(f), i), mixed.at(static_cast<StateField>(f), row)) << i;
+    }
+  }
+}
+
 }  // namespace
 }  // namespace norvane
