@@ -67,7 +67,15 @@ DownloadResult downloadCategory(int row, DownloadContext& context, DownloadTarge
   result.path = downloadPath(context.documentsFolder, category.fileName);
   setIridiumMark(row, target);
 
-  const HttpResponse response = context.http.get(result.url, kDownloadMaxBytes);
+  HttpRequest request;
+  request.url = result.url;
+  request.maxBytes = kDownloadMaxBytes;
+  request.progress = context.progress;
+  const HttpResponse response = context.http.fetch(request);
+  if (response.outcome == HttpOutcome::Cancelled) {
+    result.status = DownloadStatus::Cancelled;
+    return result;
+  }
   if (response.outcome == HttpOutcome::NoConnection) {
     context.messages.show("Can't connect to url!", result.url, MessageIcon::Stop);
     result.status = DownloadStatus::NoUrl;

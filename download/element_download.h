@@ -1,6 +1,7 @@
 #pragma once
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -24,6 +25,8 @@ struct DownloadContext {
   SettingsStore& store;         // the last-file group is saved here
   std::string serverBase;       // "http://host[:port][/prefix]" or https
   std::string documentsFolder;  // where the copy "NAME.txt" goes
+  // Told the number of bytes received so far while the body arrives.
+  std::function<void(std::size_t)> progress = {};
 };
 
 // The program state a download changes.
@@ -38,6 +41,7 @@ enum class DownloadStatus {
   NoInternet,   // "Can't connect to Internet!"
   NoUrl,        // "Can't connect to url!"
   ReadError,    // "Error reading data!"
+  Cancelled,    // stopped by the user or by quitting: nothing shown, loaded or saved
   LoadedNotSaved,  // catalogue loaded, copy not written ("Error saving data to My Documents!")
   Saved,
 };

@@ -9,7 +9,7 @@ namespace {
 class NoHttpClient : public HttpClient {
  public:
   bool open(const std::string&) override { return false; }
-  HttpResponse get(const std::string&, std::size_t) override { return {}; }
+  HttpResponse fetch(const HttpRequest&) override { return {}; }
 };
 }  // namespace
 

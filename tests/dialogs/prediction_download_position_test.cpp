@@ -92,10 +92,10 @@ TEST_F(PredictionDialogTest, ReopeningListsStoredRowsAndCancelKeepsTheClock) {
 // Serves one element file for every URL, or nothing.
 struct FixedHttp : HttpClient {
   bool open(const std::string&) override { return true; }
-  HttpResponse get(const std::string& url, std::size_t maxBytes) override {
-    urls.push_back(url);
+  HttpResponse fetch(const HttpRequest& request) override {
+    urls.push_back(request.url);
     if (body.empty()) return {};
-    return {HttpOutcome::Received, body.substr(0, maxBytes)};
+    return {HttpOutcome::Received, body.substr(0, request.maxBytes)};
   }
   std::string body;
   std::vector<std::string> urls;

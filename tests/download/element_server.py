@@ -12,6 +12,7 @@ The first part of the request path picks the behaviour, the rest is the usual
   /reset/...     announces the whole file, sends 1,000 bytes, then resets the connection
   /slow/...      answers only after 4 s
   /stall/...     sends 1,000 bytes of the body, then nothing for 4 s
+  /trickle/...   the bundled file in 1,000-byte pieces, one every 100 ms (about 2.5 s)
   anything else  404
 Prints the port on the first line of stdout; exits by itself after five minutes.
 """
@@ -50,6 +51,19 @@ class Handler(BaseHTTPRequestHandler):
         self.wfile.write(body)
         self.wfile.flush()
 
+    def trickle(self, body):
+        self.send_response(200)
+        self.send_header("Content-Type", "text/plain")
+        self.send_header("Content-Length", str(len(body)))
+        self.end_headers()
+        try:
+            for start in range(0, len(body), 1000):
+                self.wfile.write(body[start:start + 1000])
+                self.wfile.flush()
+                time.sleep(0.1)
+        except OSError:
+            pass  # the client gave up
+
     def do_GET(self):
         parts = self.path.split("/", 2)
         mode = parts[1] if len(parts) > 2 else ""
@@ -79,6 +93,8 @@ class Handler(BaseHTTPRequestHandler):
         elif mode == "slow":
             time.sleep(4)
             self.send_body(VISUAL)
+        elif mode == "trickle":
+            self.trickle(VISUAL)
         elif mode == "stall":
             self.send_body(VISUAL[:1000], announced=len(VISUAL))
             time.sleep(4)

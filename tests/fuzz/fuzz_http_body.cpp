@@ -15,9 +15,9 @@ class CannedHttp : public norvane::HttpClient {
  public:
   norvane::HttpResponse response;
   bool open(const std::string&) override { return true; }
-  norvane::HttpResponse get(const std::string&, std::size_t maxBytes) override {
+  norvane::HttpResponse fetch(const norvane::HttpRequest& request) override {
     norvane::HttpResponse r = response;
-    if (r.body.size() > maxBytes) r.body.resize(maxBytes);
+    if (r.body.size() > request.maxBytes) r.body.resize(request.maxBytes);
     return r;
   }
 };
