@@ -22,4 +22,13 @@ std::string documentsFolder() {
   return std::string(home != nullptr ? home : ".") + "/Documents";
 }
 
+std::string programFolder() {
+  const char* home = std::getenv("NORVANE_HOME");
+  if (home != nullptr && home[0] != '\0') return home;
+  const char* data = std::getenv("XDG_DATA_HOME");
+  if (data != nullptr && data[0] != '\0') return std::string(data) + "/Norvane";
+  const char* user = std::getenv("HOME");
+  return std::string(user != nullptr ? user : ".") + "/.local/share/Norvane";
+}
+
 }  // namespace norvane
