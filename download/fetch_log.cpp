@@ -34,7 +34,8 @@ void dropOldest(FetchLog& log) {
   std::vector<std::pair<UnixSeconds, std::string>> ages;
   for (const auto& [url, record] : log) ages.emplace_back(std::max(record.fetchedAt, record.retryAfter), url);
   std::sort(ages.begin(), ages.end());
-  for (std::size_t i = 0; i < log.size() - kMaxFetchRecords; ++i) log.erase(ages[i].second);
+  const std::size_t excess = log.size() - kMaxFetchRecords;
+  for (std::size_t i = 0; i < excess; ++i) log.erase(ages[i].second);
 }
 
 }  // namespace
