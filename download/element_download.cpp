@@ -55,9 +55,12 @@ Yield yieldOf(std::string_view text) {
 // The saved copy, as much of it as is ever loaded; nothing when it cannot be
 // read or yields no element sets (it would only empty the catalogue).
 std::optional<std::string> readSavedCopy(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
+  std::ifstream in(path, std::ios::binary | std::ios::ate);
   if (!in) return std::nullopt;
-  std::string text(kMaxOmmBytes, '\0');
+  const std::streamoff size = in.tellg();
+  in.seekg(0);
+  if (size <= 0 || !in) return std::nullopt;
+  std::string text(std::min(static_cast<std::size_t>(size), kMaxOmmBytes), '\0');
   in.read(text.data(), static_cast<std::streamsize>(text.size()));
   if (in.bad()) return std::nullopt;
   text.resize(static_cast<std::size_t>(in.gcount()));
