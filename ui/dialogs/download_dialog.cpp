@@ -79,9 +79,10 @@ void DownloadDialog::download() {
   if (result_.status != DownloadStatus::Cancelled) done(QDialog::Accepted);
 }
 
-void DownloadDialog::reject() {
+void DownloadDialog::done(int result) {
+  // OK, Cancel, Escape and the window's close all end here: a running download goes with the dialog.
   if (running_) context_.http.cancel();
-  QDialog::reject();
+  QDialog::done(result);
 }
 
 bool runDownloadDialog(QWidget* parent, DownloadContext& context, DownloadTarget& target,

@@ -16,8 +16,8 @@ namespace norvane {
 // ("requestUrl") and a line that shows a running download's progress
 // ("downloadStatus"). A download closes the dialog whatever its outcome; its
 // messages go through the context's sink. While one runs, Download is
-// disabled; Cancel, Escape or closing the window stops it, and then nothing is
-// loaded, saved or shown.
+// disabled; OK, Cancel, Escape or closing the window stops it, and then
+// nothing is loaded, saved or shown.
 class DownloadDialog : public QDialog {
  public:
   // openSite is handed homePage when "Go to WebSite" is pressed.
@@ -28,7 +28,7 @@ class DownloadDialog : public QDialog {
   bool downloading() const { return running_; }
   const DownloadResult& downloadResult() const { return result_; }
 
-  void reject() override;
+  void done(int result) override;
 
  private:
   void showRequestUrl();
