@@ -83,10 +83,13 @@ class Download {
     const UnixSeconds afterFetch = record_.fetchedAt == 0 ? 0 : record_.fetchedAt + kRefetchSeconds;
     return std::max(afterFetch, record_.retryAfter);
   }
+  // Stores this URL's record; the file is read again first, so that what
+  // another program wrote meanwhile about other URLs is kept.
   void remember() {
     if (!logged_) return;
-    log_[result_.url] = record_;
-    saveFetchLog(context_.fetchLogPath, log_);
+    FetchLog log = loadFetchLog(context_.fetchLogPath);
+    log[result_.url] = record_;
+    saveFetchLog(context_.fetchLogPath, std::move(log));
   }
   DownloadResult& fail(DownloadStatus status, const std::string& text, const std::string& title) {
     context_.messages.show(text, title, MessageIcon::Stop);
@@ -105,7 +108,6 @@ class Download {
   DownloadResult result_;
   UnixSeconds now_ = 0;
   bool logged_ = false;
-  FetchLog log_;
   FetchRecord record_;
   std::optional<std::string> saved_;  // the saved copy, when there is one
 };
@@ -121,8 +123,8 @@ DownloadResult Download::run() {
   now_ = timeNow(context_);
   logged_ = !context_.fetchLogPath.empty();
   if (logged_) {
-    log_ = loadFetchLog(context_.fetchLogPath);
-    if (const auto it = log_.find(result_.url); it != log_.end()) record_ = it->second;
+    const FetchLog log = loadFetchLog(context_.fetchLogPath);
+    if (const auto it = log.find(result_.url); it != log.end()) record_ = it->second;
   }
   saved_ = readSavedCopy(result_.path);
   if (tooSoon()) {
