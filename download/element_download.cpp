@@ -38,18 +38,9 @@ std::string_view loadablePart(std::string_view text, ElementFormat format) {
 }
 
 // What a text yields, judged on a scratch catalogue.
-struct Yield {
-  int count = 0;
-  int skipped = 0;
-  ElementFormat format = ElementFormat::Tle;
-};
-
-Yield yieldOf(std::string_view text) {
-  Yield yield;
-  yield.format = detectElementFormat(text);
+ElementLoad yieldOf(std::string_view text) {
   auto scratch = std::make_unique<Catalogue>();
-  yield.count = loadElementText(*scratch, loadablePart(text, yield.format));
-  return yield;
+  return loadElements(*scratch, loadablePart(text, detectElementFormat(text)));
 }
 
 // The saved copy, as much of it as is ever loaded; nothing when it cannot be
@@ -186,7 +177,7 @@ DownloadResult& Download::judgeStatus(const HttpResponse& response) {
 DownloadResult& Download::takeBody(const HttpResponse& response) {
   // The server has answered: asking again soon would only be refused.
   record_.fetchedAt = now_;
-  const Yield yield = yieldOf(response.body);
+  const ElementLoad yield = yieldOf(response.body);
   const bool cutOmm = yield.format != ElementFormat::Tle && response.truncated;
   if (yield.count == 0 || cutOmm) {
     remember();
@@ -196,9 +187,10 @@ DownloadResult& Download::takeBody(const HttpResponse& response) {
   }
   const std::string_view body = loadablePart(response.body, yield.format);
   result_.fetched = true;
-  result_.format = yield.format;
-  result_.skipped = yield.skipped;
-  result_.count = readElementFile(target_.catalogue, context_.messages, body, result_.url);
+  const ElementLoad load = readElements(target_.catalogue, context_.messages, body, result_.url);
+  result_.format = load.format;
+  result_.skipped = load.skipped;
+  result_.count = load.count;
   if (saveDownloadedData(context_, target_.settings, fileName_, body) == 0) {
     remember();
     context_.messages.show("Error saving data to My Documents!", "Save error", MessageIcon::Stop);
@@ -215,11 +207,11 @@ DownloadResult& Download::takeBody(const HttpResponse& response) {
 
 DownloadResult& Download::loadSavedCopy(const std::string& why) {
   context_.messages.show(why, "Download", MessageIcon::Information);
-  const Yield yield = yieldOf(*saved_);
-  result_.format = yield.format;
-  result_.skipped = yield.skipped;
-  result_.count = readElementFile(target_.catalogue, context_.messages, loadablePart(*saved_, yield.format),
-                                  result_.path);
+  const ElementLoad load = readElements(target_.catalogue, context_.messages,
+                                        loadablePart(*saved_, detectElementFormat(*saved_)), result_.path);
+  result_.format = load.format;
+  result_.skipped = load.skipped;
+  result_.count = load.count;
   target_.settings.lastOpen = result_.path;
   saveLastFileGroup(target_.settings, context_.store);
   result_.status = DownloadStatus::SavedCopy;

@@ -24,6 +24,8 @@ check iridium-why 0 'Not downloaded again: ' -- "$cli" download --server "$base/
 [ -s "$NORVANE_HOME/Downloads.json" ] || { echo "FAIL no fetch log"; failures=$((failures + 1)); }
 check template 0 "fetched  true" -- \
   "$cli" download --server "$base/ok/NORAD/elements/gp.php?GROUP={group}&FORMAT={format}" --category weather --out "$work"
+check csv 0 '{"format":"csv","count":4,"skipped":1,' -- \
+  "$cli" --json download --server "$base/csv/NORAD/elements/gp.php?GROUP={group}" --category resources --out "$work"
 check html 1 "No element sets in the reply from $base/html/NORAD/elements/noaa.txt: text/html" -- \
   "$cli" download --server "$base/html" --category noaa --out "$work"
 check refused 1 "(HTTP 429)" -- "$cli" download --server "$base/busy" --category noaa --out "$work"

@@ -6,7 +6,8 @@ The first part of the request path picks the behaviour, the rest is either
 [&FORMAT=tle|csv|json] (without FORMAT the answer is CSV):
   /ok/...        the bundled file (group iridium gets the Iridium file, any other the visual one),
                  or for the query form the format asked for
-  /csv/..., /json/...  OMM CSV or JSON of four element sets (one numbered 270001), whatever was asked
+  /csv/..., /json/...  OMM CSV or JSON of four element sets (one numbered 270001) and a fifth
+                 without a mean motion, whatever was asked
   /validators/...  the bundled file with an ETag and a Last-Modified date; 304 when the
                  request carries either of them back
   /refuse/...    403 with a short text
@@ -102,6 +103,9 @@ def omm_sets():
     lines = VISUAL.decode().split("\r\n")
     sets = [omm_of(*lines[i:i + 3]) for i in range(0, 9, 3)]
     sets.append(omm_of("NEW SAT", lines[1], lines[2], number=270001))
+    broken = omm_of("NO MEAN MOTION", lines[1], lines[2], number=270002)
+    broken["MEAN_MOTION"] = ""
+    sets.append(broken)
     return sets
 
 
