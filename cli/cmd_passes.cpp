@@ -18,6 +18,9 @@
 #include "core/analysis/pass_calendar.h"
 #include "core/elements/element_formats.h"
 #include "core/elements/element_list.h"
+#include "core/elements/omm_csv.h"
+#include "core/elements/omm_json.h"
+#include "core/elements/omm_record.h"
 #include "core/analysis/pass_planner.h"
 #include "core/analysis/pass_search.h"
 #include "core/analysis/visibility_state.h"
@@ -91,17 +94,24 @@ void printPlannedPass(const PlannedPass& p, bool json) {
 
 // --- The whole catalogue (--summary --all): any number of satellites. ---
 
-// Every element set of --tle, with no limit on their number.
+// Every element set of --tle, element text or OMM (CSV or JSON), with no
+// limit on their number; OMM records without an orbit are passed over.
 std::vector<Satellite> wholeCatalogueFrom(const Args& args) {
   const std::string path = required(args, "tle");
   std::ifstream in(path, std::ios::binary);
   if (!in) throw InputError{"cannot open " + path};
   const std::string text{std::istreambuf_iterator<char>(in), {}};
-  if (detectElementFormat(text) != ElementFormat::Tle) {
-    throw InputError{"--all: " + path + " is " + elementFormatName(detectElementFormat(text)) +
-                     "; --all reads element text"};
-  }
-  return readElementSets(text);
+  const ElementFormat format = detectElementFormat(text);
+  if (format == ElementFormat::Tle) return readElementSets(text);
+  std::vector<Satellite> sats;
+  const OmmRecordHandler keep = [&sats](const OmmRecord& record) {
+    Satellite sat;
+    if (satelliteFromOmm(record, sat)) sats.push_back(sat);
+    return true;
+  };
+  if (format == ElementFormat::Csv) readOmmCsv(text, keep);
+  else readOmmJson(text, keep);
+  return sats;
 }
 
 int runWholeCatalogue(const Args& args, const Geodetic& observer, double start, double hours,
@@ -137,6 +147,7 @@ int runPassSummary(const Args& args) {
   if (!(hours >= 0.0 && hours <= 240.0)) throw InputError{"--hours: the planner looks at most 240 hours ahead"};
   PlannerOptions options;
   if (args.has("min-el")) options.minElevationDeg = requiredDouble(args, "min-el");
+  if (args.flag("sgp8")) options.family = ModelFamily::Sgp8Sdp8;
   if (!(options.minElevationDeg >= -90.0 && options.minElevationDeg <= 90.0)) {
     throw InputError{"--min-el: not an elevation in degrees"};
   }
@@ -176,6 +187,7 @@ int runPasses(const Args& args) {
   for (const char* plannerOnly : {"min-el", "ics", "threads"}) {
     if (args.has(plannerOnly)) throw UsageError{std::string("--") + plannerOnly + " goes with --summary"};
   }
+  if (args.flag("sgp8")) throw UsageError{"--sgp8 goes with --summary"};
   int f[6] = {0, 0, 0, 0, 0, 0};
   splitStart(required(args, "start"), f);
   const double utcShift = (args.has("utc-shift") ? requiredDouble(args, "utc-shift") : 0.0) / 24.0;
@@ -216,10 +228,10 @@ Command passesCommand() {
           "passes --tle FILE --start \"YYYY-MM-DD HH:MM:SS\" --hours H --lat DEG --lon DEG --alt KM "
           "[--utc-shift H] [--visible] [--flares] [--min-mag M] [--select 0,3,5]\n"
           "       norvane-cli [--json] passes --summary --tle FILE --start \"YYYY-MM-DD HH:MM:SS\" --hours H "
-          "--lat DEG --lon DEG --alt KM [--utc-shift H] [--min-el DEG] [--select 0,3,5] [--ics FILE] "
+          "--lat DEG --lon DEG --alt KM [--utc-shift H] [--min-el DEG] [--select 0,3,5] [--ics FILE] [--sgp8] "
           "[--all [--threads N]]",
           {"tle", "start", "hours", "lat", "lon", "alt", "utc-shift", "min-mag", "select", "min-el", "ics", "threads"},
-          {"visible", "flares", "summary", "all"},
+          {"visible", "flares", "summary", "sgp8", "all"},
           runPasses,
           45};
 }

@@ -369,7 +369,7 @@ std::vector<PlannedPass> planPassesFrom(StateSource& source, const Satellite& sa
 std::vector<PlannedPass> planPasses(const Satellite& satellite, int slot, const Geodetic& observer,
                                     double startJd, double endJd, const PlannerOptions& options) {
   if (!(satellite.xno > 0.0)) return {};
-  auto source = std::make_unique<PropagatorSource>(satellite);
+  auto source = std::make_unique<PropagatorSource>(satellite, options.family);
   return planPassesFrom(*source, satellite, slot, observer, startJd, endJd, options);
 }
 

@@ -47,6 +47,8 @@ struct PlannerOptions {
   // minimum elevation are always found; shorter ones are found through their
   // culmination wherever the orbit could come that close.
   double finestStepSeconds = 20;
+  // The models to propagate with (the tracker's SGP8/SDP8 setting).
+  ModelFamily family = ModelFamily::Sgp4Sdp4;
 };
 
 // Every pass of one satellite between startJd and endJd (UTC days), in time order.

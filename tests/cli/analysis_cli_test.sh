@@ -29,6 +29,7 @@ check summary_in_progress 0 '{"sat":"TERRA","slot":111,"catnr":25994,"aos":null,
 check summary_pass 0 '"aos_utc":"2017-04-14T20:11:55Z"' -- "$cli" --json "${summary[@]}"
 check summary_visible 0 '"visible_start_utc":"2017-04-14T20:11:55Z","visible_end":' -- "$cli" --json "${summary[@]}"
 check summary_tally 0 '{"passes":15,"seconds":' -- "$cli" --json "${summary[@]}"
+check summary_sgp8 0 '"passes":15,' -- "$cli" --json "${summary[@]}" --sgp8
 check summary_min_el 0 '{"passes":6,' -- "$cli" --json "${summary[@]}" --min-el 30
 ics=$(mktemp)
 check summary_ics 0 '"passes":15' -- "$cli" --json "${summary[@]}" --ics "$ics"

@@ -26,7 +26,12 @@ check all_needs_summary 2 '--all goes with --summary' -- "$cli" passes --all "${
 check threads_need_all 2 '--threads goes with --all' -- "$cli" passes --summary --threads 2 "${visual[@]}" "${span[@]}" "${kiel[@]}"
 check all_no_select 2 '--select does not go with --all' -- "$cli" passes --summary --all --select 1 "${visual[@]}" "${span[@]}" "${kiel[@]}"
 check all_bad_threads 1 '--threads: 1 to 256' -- "$cli" passes --summary --all --threads 0 "${visual[@]}" "${span[@]}" "${kiel[@]}"
-printf 'NORAD_CAT_ID,OBJECT_NAME\n25544,ISS\n' > "$work/omm.csv"
-check all_element_text_only 1 'is csv' -- "$cli" passes --summary --all --tle "$work/omm.csv" "${span[@]}" "${kiel[@]}"
+# OMM CSV: records without an orbit are passed over.
+{
+  echo 'OBJECT_NAME,NORAD_CAT_ID,EPOCH,MEAN_MOTION,ECCENTRICITY,INCLINATION,RA_OF_ASC_NODE,ARG_OF_PERICENTER,MEAN_ANOMALY,BSTAR,MEAN_MOTION_DOT'
+  echo 'ISS (ZARYA),25544,2017-04-13T21:07:22.000000,15.54071662,0.0007242,51.6427,292.1856,38.9386,62.4208,0.000026296,0.00001465'
+  echo 'BROKEN,25545,,,,,,,,,'
+} > "$work/omm.csv"
+check all_omm_csv 0 '"satellites":1,' -- "$cli" --json passes --summary --all --tle "$work/omm.csv" "${span[@]}" "${kiel[@]}"
 check all_missing_file 1 'cannot open' -- "$cli" passes --summary --all --tle "$work/none.tle" "${span[@]}" "${kiel[@]}"
 finish
