@@ -97,6 +97,11 @@ constexpr std::array kValues = {
     scalar<&Settings::flagColors>("Flag_colors"),
     scalar<&Settings::satDisplay>("Sat_Display"),
     SettingValue{"Last_Open", static_cast<std::uint32_t>(kWidePathBytes), encodeLastOpen, decodeLastOpen},
+
+    // Pass planner and pass alarms.
+    scalar<&Settings::passMinElevation>("PassMinElevation"),
+    scalar<&Settings::passAlarmMinutes>("PassAlarmMinutes"),
+    scalar<&Settings::passAlarmScope>("PassAlarmScope"),
 };
 
 }  // namespace

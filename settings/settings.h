@@ -30,6 +30,11 @@ struct Settings {
   double lat = 0.9477539264057168;  // "Lat": observer latitude, radians (54.3023 N)
   double lon = 0.17670935077666988; // "Lon": observer longitude, radians (10.1247 E)
   double alt = 0.03;                // "Alt": observer altitude above sea level, km
+
+  // Pass planner and pass alarms.
+  double passMinElevation = 0.0;       // "PassMinElevation": deg, a pass counts when it culminates this high
+  std::int32_t passAlarmMinutes = 0;   // "PassAlarmMinutes": warning this long before AOS, 0 = off
+  std::int32_t passAlarmScope = 0;     // "PassAlarmScope": 0 = the selected satellites, 1 = the current one only
 };
 
 }  // namespace norvane

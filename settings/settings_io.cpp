@@ -18,6 +18,7 @@ constexpr std::array<std::string_view, 12> kSettingsGroup = {
     "downlink", "flares",   "s4_s8",         "Flag_planets",      "Flag_colors",     "Sat_Display"};
 constexpr std::array<std::string_view, 4> kLocationGroup = {"City", "Lat", "Lon", "Alt"};
 constexpr std::array<std::string_view, 2> kLastFileGroup = {"Last_Open", "Sat_Display"};
+constexpr std::array<std::string_view, 3> kPassesGroup = {"PassMinElevation", "PassAlarmMinutes", "PassAlarmScope"};
 
 template <std::size_t N>
 bool saveGroup(const Settings& settings, SettingsStore& store, const std::array<std::string_view, N>& names) {
@@ -62,6 +63,10 @@ bool saveLocationGroup(Settings& settings, std::int32_t city, SettingsStore& sto
 
 bool saveLastFileGroup(const Settings& settings, SettingsStore& store) {
   return saveGroup(settings, store, kLastFileGroup);
+}
+
+bool savePassesGroup(const Settings& settings, SettingsStore& store) {
+  return saveGroup(settings, store, kPassesGroup);
 }
 
 }  // namespace norvane

@@ -26,5 +26,7 @@ bool saveSettingsGroup(const Settings& settings, SettingsStore& store);
 bool saveLocationGroup(Settings& settings, std::int32_t city, SettingsStore& store);
 // Last-file group: "Last_Open" (520 bytes), "Sat_Display".
 bool saveLastFileGroup(const Settings& settings, SettingsStore& store);
+// Passes group: "PassMinElevation", "PassAlarmMinutes", "PassAlarmScope".
+bool savePassesGroup(const Settings& settings, SettingsStore& store);
 
 }  // namespace norvane

@@ -59,8 +59,9 @@ height() { eval "$(geometry)"; echo "$HEIGHT"; }
 shot info
 eval "$(geometry)"
 info_height=$HEIGHT
-# The image buttons lie in the bottom bar, about 32 pixels apart from the left.
-button_y=$((info_height - 16))
+# The image buttons lie in the bar above the next-pass line at the bottom,
+# about 32 pixels apart from the left.
+button_y=$((info_height - 40))
 names=(map sky orbit gps)
 xs=(16 48 80 144)
 for i in 0 1 2 3; do

@@ -46,6 +46,7 @@ TEST_F(QtSettingsStoreTest, EveryGroupSurvivesARestartAndQSettingsReadsTheSameBy
     Settings located = saved;
     saveLocationGroup(located, saved.city, store);
     saveLastFileGroup(saved, store);
+    savePassesGroup(saved, store);
   }
   QtSettingsStore reopened(iniPath());
   Settings loaded;

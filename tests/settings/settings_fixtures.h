@@ -15,6 +15,7 @@ inline Settings changedSettings() {
   s.uplink = 145.825, s.downlink = 437.8, s.flares = 1, s.s4s8 = 1, s.flagPlanets = 1, s.flagColors = 1;
   s.satDisplay = 17, s.lastOpen = "/home/ana/Documents/iridium.txt", s.city = 42;
   s.lat = -0.5, s.lon = 2.25, s.alt = 1.5;
+  s.passMinElevation = 12.5, s.passAlarmMinutes = 10, s.passAlarmScope = 1;
   return s;
 }
 

@@ -34,7 +34,8 @@ TEST(SettingsModel, LoadOrderAndWidths) {
       {"Stars_Mag", 2},  {"SatPredictMag", 4}, {"SatPredictVisible", 4},
       {"flag_refraction", 4}, {"uplink", 8}, {"downlink", 8},
       {"flares", 4},     {"s4_s8", 4},       {"Flag_planets", 1},
-      {"Flag_colors", 4}, {"Sat_Display", 4}, {"Last_Open", 520}};
+      {"Flag_colors", 4}, {"Sat_Display", 4}, {"Last_Open", 520},
+      {"PassMinElevation", 8}, {"PassAlarmMinutes", 4}, {"PassAlarmScope", 4}};
   std::vector<std::pair<std::string, std::uint32_t>> actual;
   for (const SettingValue& v : settingValues()) actual.emplace_back(std::string(v.name), v.width);
   EXPECT_EQ(actual, expected);
@@ -72,12 +73,14 @@ TEST(SettingsModel, EveryGroupWritesItsValuesInOrderAndReadsBack) {
   Settings located = changed;
   saveLocationGroup(located, 42, store);
   saveLastFileGroup(changed, store);
+  savePassesGroup(changed, store);
   const std::vector<std::vector<std::string>> groups = {
       {"GPSPort", "GPSSpeed", "GPSCompass", "GPSAcceptGN", "GPSDevices"},
       {"SNtoNS", "Stars_Mag", "SatPredictMag", "SatPredictVisible", "flag_refraction", "uplink", "downlink",
        "flares", "s4_s8", "Flag_planets", "Flag_colors", "Sat_Display"},
       {"City", "Lat", "Lon", "Alt"},
-      {"Last_Open", "Sat_Display"}};
+      {"Last_Open", "Sat_Display"},
+      {"PassMinElevation", "PassAlarmMinutes", "PassAlarmScope"}};
   EXPECT_EQ(store.groups, groups);
 
   Settings loaded;

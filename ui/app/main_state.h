@@ -8,6 +8,7 @@
 #include "gps/gps_data.h"
 #include "gps/gps_settings.h"
 #include "settings/settings.h"
+#include "ui/app/pass_watch.h"
 #include "ui/views/app_state.h"
 #include "ui/views/info_page.h"
 
@@ -28,6 +29,7 @@ struct MainState {
   GpsSettings gpsSettings;          // the reader's settings; tracking in step with app.gpsTracking
   PredictionStore predictions;      // the last pass search, listed again when "Prediction" reopens
   std::uint32_t lastGpsDelayMs = 0;  // ms, what "Set GPS time" measured last
+  PassWatch passWatch;              // the planned passes and the alarms already raised
 };
 
 // The settings and the application state keep some values twice (the current

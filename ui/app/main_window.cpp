@@ -5,6 +5,8 @@
 #include <QDateTime>
 #include <QFileDialog>
 #include <QKeyEvent>
+#include <QLabel>
+#include <QStatusBar>
 #include <QMenuBar>
 #include <QPainter>
 #include <QScreen>
@@ -13,6 +15,7 @@
 #include <QToolBar>
 #include <algorithm>
 
+#include "core/analysis/next_pass_line.h"
 #include "core/astro/julian_date.h"
 #include "gps/gps_receiver.h"
 #include "gps/linux_system_clock.h"
@@ -143,6 +146,13 @@ MainWindow::MainWindow(WindowConfig config, QWidget* parent)
     apply(StylusMove(*state_, ToFrameBuffer(p.x(), p.y(), frame_->width(), frame_->height(), 240, 320)));
   };
   frame_->onRelease = [this] { apply(StylusUp(*state_)); };
+  // The next-pass line: cut rather than widening the window at small zooms.
+  nextPass_ = new QLabel(this);
+  nextPass_->setObjectName("nextPassLine");
+  nextPass_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  statusBar()->addWidget(nextPass_, 1);
+  statusBar()->setSizeGripEnabled(false);
+  notifier_ = new PassNotifier(this);
   buildMenus();
   buildButtons();
   connect(&timer_, &QTimer::timeout, this, [this] { tick(); });
@@ -150,6 +160,7 @@ MainWindow::MainWindow(WindowConfig config, QWidget* parent)
   LoadSkins(*skins_, surface_, config_.programFolder + "/skins", *messages_);
   if (auto* own = dynamic_cast<QtMessageSink*>(ownMessages_.get())) own->setModal(true);
   paintView();
+  watchPasses();
 }
 
 MainWindow::~MainWindow() {
@@ -190,6 +201,8 @@ void MainWindow::buildMenus() {
                         Item{"Tle info", kCmdTleInfo}, Item{"Predict", kCmdPredict}, Item{"GPS", kCmdGps}}) {
     add(edit, i);
   }
+  edit->addSeparator();
+  add(edit, Item{"Passes", kCmdPasses});
   buildViewMenu();
   QMenu* help = menuBar()->addMenu("Help");
   for (const Item& i : {Item{"About", kCmdAbout}, Item{"Help", kCmdHelp}}) add(help, i);
@@ -266,7 +279,35 @@ void MainWindow::setZoom(int zoom) {
 
 QAction* MainWindow::action(int command) const { return findChild<QAction*>(QString("command%1").arg(command)); }
 
-void MainWindow::runCommand(int command) { apply(RunCommand(*state_, command, *this, *config_.store, *messages_)); }
+void MainWindow::runCommand(int command) {
+  apply(RunCommand(*state_, command, *this, *config_.store, *messages_));
+  watchPasses();
+}
+
+void MainWindow::watchPasses() {
+  MainState& s = *state_;
+  PassWatch& watch = s.passWatch;
+  const double now = s.app.currentTime;
+  watch.schedule.update(s.catalogue, s.app.currentSatellite, s.app.observer, s.settings, now);
+  for (const PlannedPass& pass :
+       watch.alarms.due(watch.schedule.passes(), s.catalogue, s.app.currentSatellite, s.settings, now)) {
+    const AlarmText text = AlarmTextOf(pass, now, s.app.utcOffset);
+    notifier_->notify(text.summary, text.body);
+  }
+  QString line;
+  const int current = s.app.currentSatellite;
+  if (current >= 0 && current < s.catalogue.satelliteCount && s.catalogue.satellites[static_cast<std::size_t>(current)].catnr != 0) {
+    const std::string next = nextPassLine(watch.schedule.passesOf(current), now, s.app.utcOffset);
+    const auto& name = s.catalogue.satellites[static_cast<std::size_t>(current)].name;
+    QString satellite = QString::fromLatin1(name.data(), static_cast<qsizetype>(strnlen(name.data(), name.size())));
+    line = satellite.trimmed() + ": " +
+           (next.empty() ? QString("no pass in the next day") : QString::fromUtf8(next.c_str()));
+  }
+  if (nextPass_->text() != line) {
+    nextPass_->setText(line);
+    nextPass_->setToolTip(line);
+  }
+}
 
 ViewWorld MainWindow::world() {
   return ViewWorld{state_->app, state_->catalogue, state_->settings, state_->gps, *skins_, *caches_, surface_, frame_};
@@ -287,6 +328,7 @@ void MainWindow::takeGps() {
 void MainWindow::tick(const CalendarTime& utc) {
   takeGps();
   apply(Tick(*state_, utc));
+  watchPasses();
 }
 
 void MainWindow::tick() { tick(SystemUtc()); }
@@ -326,6 +368,7 @@ void MainWindow::setFullScreenView(bool full) {
   fullScreen_ = full;
   menuBar()->setVisible(!full);
   buttons_->setVisible(!full);
+  statusBar()->setVisible(!full);
   adjustSize();
 }
 

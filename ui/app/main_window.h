@@ -16,6 +16,7 @@
 #include "ui/app/frame_widget.h"
 #include "ui/app/help_window.h"
 #include "ui/app/main_state.h"
+#include "ui/app/pass_notifier.h"
 #include "ui/app/program_options.h"
 #include "ui/app/screen_request.h"
 #include "ui/app/window_commands.h"
@@ -24,6 +25,7 @@
 #include "ui/views/view_world.h"
 
 class QAction;
+class QLabel;
 class QMenu;
 class QToolBar;
 
@@ -65,6 +67,11 @@ class MainWindow : public QMainWindow, public CommandHost {
   // Repaints the active view now.
   void paintView();
   void startTimer1s();
+  // Plans the passes when their inputs changed, raises the alarms that are
+  // due and shows the current satellite's next pass under the frame.
+  void watchPasses();
+  QLabel* nextPassLabel() const { return nextPass_; }
+  PassNotifier& passNotifier() { return *notifier_; }
   // The largest zoom at which the window fits the screen's free room.
   int largestZoom() const;
   // Shows the screen at a zoom, no larger than the screen allows.
@@ -112,6 +119,8 @@ class MainWindow : public QMainWindow, public CommandHost {
   std::unique_ptr<HttpClient> ownHttp_;
   FrameWidget* frame_ = nullptr;
   QToolBar* buttons_ = nullptr;
+  QLabel* nextPass_ = nullptr;
+  PassNotifier* notifier_ = nullptr;
   QMenu* viewMenu_ = nullptr;
   HelpWindow* help_ = nullptr;
   QTimer timer_;

@@ -6,6 +6,7 @@
 #include "download/platform_http.h"
 #include "ui/app/about_dialog.h"
 #include "ui/dialogs/download_dialog.h"
+#include "ui/dialogs/passes_dialog.h"
 #include "ui/dialogs/gps_settings_dialog.h"
 #include "ui/dialogs/position_dialog.h"
 #include "ui/dialogs/prediction_dialog.h"
@@ -44,6 +45,25 @@ void RunDownload(QWidget* parent, DialogServices& d) {
   runDownloadDialog(parent, context, target, serverHomePage(d.serverBase));
 }
 
+void RunPasses(QWidget* parent, DialogServices& d) {
+  MainState& s = d.state;
+  auto plan = [&s](double minElevation) {
+    PassSchedule& schedule = s.passWatch.schedule;
+    if (minElevation == s.settings.passMinElevation) {
+      schedule.update(s.catalogue, s.app.currentSatellite, s.app.observer, s.settings, s.app.currentTime);
+      return schedule.passes();
+    }
+    // Another minimum elevation only for the list: the window's plan stays.
+    Settings trial = s.settings;
+    trial.passMinElevation = minElevation;
+    PassSchedule other;
+    other.update(s.catalogue, s.app.currentSatellite, s.app.observer, trial, s.app.currentTime);
+    return other.passes();
+  };
+  runPassesDialog(parent, {s.app, s.settings, d.store, d.messages, plan});
+  AppToSettings(s);  // the current satellite may have been picked in the list
+}
+
 }  // namespace
 
 void RunWindowDialog(QWidget* parent, Command command, DialogServices& d) {
@@ -72,6 +92,7 @@ void RunWindowDialog(QWidget* parent, Command command, DialogServices& d) {
     case kCmdGps: RunGpsSettings(parent, d); break;
     case kCmdTime: RunTime(parent, d); break;
     case kCmdGetLast: RunDownload(parent, d); break;
+    case kCmdPasses: RunPasses(parent, d); break;
     default: break;
   }
 }
