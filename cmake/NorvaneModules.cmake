@@ -12,3 +12,13 @@ function(norvane_module name)
   target_link_libraries(${name} PUBLIC norvane_options ${ARG_DEPS})
   set_property(GLOBAL APPEND PROPERTY NORVANE_CORE_LIBRARIES ${name})
 endfunction()
+
+# Programs find their data in ../share/norvane beside their own folder, as when
+# installed; in the build tree that is a link to data/.
+function(norvane_link_data_folder)
+  get_filename_component(share ${CMAKE_CURRENT_BINARY_DIR}/../share ABSOLUTE)
+  file(MAKE_DIRECTORY ${share})
+  if(NOT EXISTS ${share}/norvane)
+    file(CREATE_LINK ${PROJECT_SOURCE_DIR}/data ${share}/norvane SYMBOLIC)
+  endif()
+endfunction()
