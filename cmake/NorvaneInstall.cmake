@@ -68,16 +68,16 @@ set(CPACK_PACKAGE_NAME norvane)
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
 set(CPACK_PACKAGE_CONTACT "The Norvane developers <developers@norvane.org>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "satellite tracker for radio amateurs and satellite watchers")
+# The long description; CPack puts the summary above it and indents each line.
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
-    "satellite tracker for radio amateurs and satellite watchers
- Norvane shows where satellites are for an observer on the ground, now or at
- a simulated time. It reads two-line element sets, propagates them with the
- SGP4/SDP4 and SGP8/SDP8 models and shows an information page, an Earth map,
- a sky view with stars and planets, an orbit view and a GPS page. It predicts
- passes and Iridium flares, downloads current element sets and follows a GPS
- receiver on a serial port or through gpsd.
- .
- The command-line tool norvane-cli runs the same computations in scripts.")
+    "Norvane shows where satellites are for an observer on the ground, now or at
+a simulated time. It reads two-line element sets, propagates them with the
+SGP4/SDP4 and SGP8/SDP8 models and shows an information page, an Earth map,
+a sky view with stars and planets, an orbit view and a GPS page. It predicts
+passes and Iridium flares, downloads current element sets and follows a GPS
+receiver on a serial port or through gpsd.
+
+The command-line tool norvane-cli runs the same computations in scripts.")
 set(CPACK_DEBIAN_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_HOMEPAGE "https://norvane.org/")
