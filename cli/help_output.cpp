@@ -32,7 +32,7 @@ void printOption(std::FILE* out, const std::string& command, const UsageOption& 
     std::string first(text);
     if (first.size() > 56) {
       const std::size_t cut = first.rfind(' ', 56);
-      first = first.substr(0, cut == std::string::npos ? 56 : cut);
+      first.resize(cut == std::string::npos ? 56 : cut);
     }
     std::fprintf(out, "%s\n", first.c_str());
     std::string_view rest = text.substr(first.size());

@@ -13,7 +13,7 @@ for tool in Xvfb xdotool strings lintian desktop-file-validate appstreamcli dpkg
   command -v "$tool" >/dev/null || { echo "$tool missing"; exit 77; }
 done
 work=$(mktemp -d)
-xvfb_pid= app_pid=
+xvfb_pid='' app_pid=''
 cleanup() {
   [ -n "$app_pid" ] && kill "$app_pid" 2>/dev/null
   [ -n "$xvfb_pid" ] && kill "$xvfb_pid" 2>/dev/null
@@ -99,7 +99,8 @@ check complete_file 0 "$share/examples/visual_2017-04-14.txt" -- complete_words 
 Xvfb -displayfd 3 -screen 0 800x800x24 -nolisten tcp 3>"$work/display" >/dev/null 2>&1 &
 xvfb_pid=$!
 for _ in $(seq 50); do [ -s "$work/display" ] && break; sleep 0.1; done
-export DISPLAY=":$(head -1 "$work/display")" QT_QPA_PLATFORM=xcb
+DISPLAY=":$(head -1 "$work/display")"
+export DISPLAY QT_QPA_PLATFORM=xcb
 for _ in $(seq 50); do xdotool getmouselocation >/dev/null 2>&1 && break; sleep 0.1; done
 "${hidden[@]}" "$root/usr/bin/norvane" --tle "$example" --time "2017-04-14 21:00:00" --clock pause >"$work/out.log" 2>&1 &
 app_pid=$!
