@@ -6,6 +6,7 @@
 #include "cli/help_output.h"
 #include "cli/help_text.h"
 #include "core/text/usage_line.h"
+#include "download/categories.h"
 #include "ui/app/program_help.h"
 
 namespace norvane::cli {
@@ -45,11 +46,22 @@ std::string environmentSection() {
          "The program folder, instead of ~/.local/share/Norvane.\n";
 }
 
+// The values an option takes when they form a short list: the usage's
+// alternatives, or the element-set categories of the download list.
+std::vector<std::string> choicesOf(const UsageOption& option) {
+  if (option.name == "category") {
+    std::vector<std::string> names;
+    for (const Category& c : categories()) names.emplace_back(c.fileName);
+    return names;
+  }
+  return ChoicesIn(option.value);
+}
+
 enum class ValueKind { None, File, Directory, Choices };
 
 ValueKind kindOf(const UsageOption& option) {
   if (option.value.empty()) return ValueKind::None;
-  if (!ChoicesIn(option.value).empty()) return ValueKind::Choices;
+  if (!choicesOf(option).empty()) return ValueKind::Choices;
   if (option.value == "DIR") return ValueKind::Directory;
   if (option.value.find("FILE") != std::string::npos || option.value.find("PATH") != std::string::npos) {
     return ValueKind::File;
@@ -124,6 +136,7 @@ std::string cliManualPage(const DocsContext& context) {
             roffText(CommandSummary(command.name)) + "\n";
     for (const UsageOption& option : commandOptions(command)) {
       page += optionParagraph(option, OptionText(command.name, option.name));
+      if (option.name == "category") page += "One of: " + roffCode(joined(choicesOf(option))) + ".\n";
     }
   }
   page += ".SH EXIT STATUS\n.TP\n.B 0\nSuccess.\n.TP\n.B 1\n"
@@ -191,7 +204,7 @@ std::string cliBashCompletion() {
           valueCases += "    " + key + " _norvane_cli_reply -o filenames -d ;;\n";
           break;
         case ValueKind::Choices:
-          valueCases += "    " + key + " _norvane_cli_reply -W \"" + joined(ChoicesIn(option.value)) + "\" ;;\n";
+          valueCases += "    " + key + " _norvane_cli_reply -W \"" + joined(choicesOf(option)) + "\" ;;\n";
           break;
         case ValueKind::None:
           if (!option.value.empty()) plainValues.push_back("--" + option.name);

@@ -13,8 +13,9 @@ endif()
 
 # Everything in data/ that the programs read at run time, in one rule: the
 # tables compiled into the programs (*.inc) and the sources they are made
-# from stay behind, and the element files go to the examples folder.
-set(NORVANE_ELEMENT_FILE_PATTERN "*_[0-9][0-9][0-9][0-9]-[0-9][0-9]-[0-9][0-9].txt")
+# from stay behind, and the element files (NAME_YYYY-MM-DD.EXT) go to the
+# examples folder.
+set(NORVANE_ELEMENT_FILE_PATTERN "*_[0-9][0-9][0-9][0-9]-[0-9][0-9]-[0-9][0-9].*")
 install(DIRECTORY ${NORVANE_DATA_DIR}/ DESTINATION ${NORVANE_SHARE}
         PATTERN sources EXCLUDE
         PATTERN "*.inc" EXCLUDE

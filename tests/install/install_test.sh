@@ -39,7 +39,7 @@ wanted=(usr/bin/norvane usr/bin/norvane-cli usr/share/man/man1/norvane.1.gz usr/
         usr/share/norvane/examples/visual_2017-04-14.txt usr/share/norvane/examples/iridium_2014-06-21.txt)
 for size in 16 22 24 32 48 64 128 256; do wanted+=("usr/share/icons/hicolor/${size}x${size}/apps/norvane.png"); done
 while IFS= read -r file; do wanted+=("usr/share/norvane/${file#./}"); done < <(
-  cd "$source/data" && find . -type f ! -path './sources/*' ! -name '*.inc' ! -name '*_[0-9][0-9][0-9][0-9]-*.txt')
+  cd "$source/data" && find . -type f ! -path './sources/*' ! -name '*.inc' ! -name '*_[0-9][0-9][0-9][0-9]-[0-9][0-9]-[0-9][0-9].*')
 missing=0
 for file in "${wanted[@]}"; do [ -f "$root/$file" ] || { fail "not installed: /$file"; missing=1; }; done
 [ "$missing" = 0 ] && ok
