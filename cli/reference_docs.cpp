@@ -15,7 +15,9 @@ namespace {
 std::string header(std::string_view name, const DocsContext& context) {
   std::string upper;
   for (const char c : name) upper += static_cast<char>(c >= 'a' && c <= 'z' ? c - 'a' + 'A' : c);
-  return ".TH " + roffCode(upper) + " 1 \"\" \"Norvane " + context.version + "\" \"User Commands\"\n";
+  return ".TH " + roffCode(upper) + " 1 \"\" \"Norvane " + context.version + "\" \"User Commands\"\n"
+         // Ragged right without hyphenation: long usage lines keep their options whole.
+         ".ad l\n.nh\n";
 }
 
 // One option as a tagged paragraph: bold name, italic placeholder, the text.
