@@ -10,6 +10,12 @@ install(TARGETS norvane-cli RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 if(TARGET norvane)
   install(TARGETS norvane RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 endif()
+# Relocations resolved at start and then made read-only, as Debian builds its programs.
+foreach(program norvane-cli norvane)
+  if(TARGET ${program})
+    target_link_options(${program} PRIVATE -Wl,-z,relro,-z,now)
+  endif()
+endforeach()
 
 # Everything in data/ that the programs read at run time, in one rule: the
 # tables compiled into the programs (*.inc) and the sources they are made
