@@ -1,7 +1,7 @@
 // norvane: the tracker's window.
 #include <QApplication>
 #include <QCryptographicHash>
-#include <QDir>
+#include <QIcon>
 #include <QLocalServer>
 #include <QLocalSocket>
 #include <QSettings>
@@ -63,6 +63,9 @@ int main(int argc, char** argv) {
   if (AnswersAtOnce(argc, argv)) return 0;
   QApplication app(argc, argv);
   QApplication::setApplicationName("Norvane");
+  // Ties the window to its menu entry and icon on the desktop.
+  QGuiApplication::setDesktopFileName("org.norvane.Norvane");
+  QApplication::setWindowIcon(QIcon::fromTheme("norvane"));
   // Numbers in texts and edits always use a decimal point, whatever the user's locale.
   std::setlocale(LC_NUMERIC, "C");
   std::vector<std::string> args;
