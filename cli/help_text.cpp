@@ -86,6 +86,21 @@ constexpr HelpText kTexts[] = {
     {"", "rig", "The radio's rigctld at HOST:PORT."},
     {"", "rot", "The rotator's rotctld at HOST:PORT."},
     {"", "seconds", "Stop after this many seconds."},
+    {"track", "clock", "The clock: real time, or simulated at 1, 10, 30 or 60 seconds per tick."},
+    {"track", "downlink", "The downlink in MHz for a satellite the frequency file does not list (default 130)."},
+    {"track", "uplink", "The uplink in MHz for a satellite the frequency file does not list (default 138)."},
+    {"track", "min-el", "The lowest elevation in degrees of a pass the rotator follows."},
+    {"", "period", "The seconds between two updates (default 1)."},
+    {"", "frequencies", "A frequency file: catalogue number, name, downlink and uplink (MHz), mode and inverting "
+                        "flag per line."},
+    {"", "inverting", "The transponder inverts: its uplink moves against its downlink."},
+    {"", "offset", "A tuning offset in Hz within a linear transponder's pass band."},
+    {"", "az-range", "The rotator's azimuth travel: 0 to 360, -180 to 180 or 0 to 450 degrees."},
+    {"", "el-range", "The rotator's elevation travel: 0 to 90 or 0 to 180 degrees."},
+    {"", "no-flip", "Never turn a pass over on a rotator with 180 degrees of elevation."},
+    {"", "park", "Where the rotator waits between passes: azimuth and elevation in degrees."},
+    {"", "rig-tolerance", "The change in Hz that sends the radio a new frequency (default 10)."},
+    {"", "rot-tolerance", "The move in degrees that sends the rotator a new target (default 2)."},
 };
 
 std::string_view Find(std::string_view command, std::string_view option) {
