@@ -55,7 +55,7 @@ done
 # Runs an installed program with the source and build trees hidden under empty
 # folders, where this machine allows a private mount namespace.
 hidden=()
-if unshare -rm true 2>/dev/null; then
+if unshare -rm sh -c 'mount -t tmpfs none "$1"' sh "$work" 2>/dev/null; then
   hidden=(unshare -rm sh -c 'for d in "$1" "$2"; do [ -d "$d" ] && mount -t tmpfs none "$d"; done; shift 2; exec "$@"'
           sh "$build" "$source")
 else
