@@ -58,6 +58,7 @@ hidden=()
 if unshare -rm sh -c 'mount -t tmpfs none "$1"' sh "$work" 2>/dev/null; then
   hidden=(unshare -rm sh -c 'for d in "$1" "$2"; do [ -d "$d" ] && mount -t tmpfs none "$d"; done; shift 2; exec "$@"'
           sh "$build" "$source")
+  if "${hidden[@]}" test -e "$source/CMakeLists.txt"; then fail "the source tree is still in reach"; else ok; fi
 else
   echo "note: no private mount namespace here; the strings check stands in for hiding the trees"
 fi
