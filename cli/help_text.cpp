@@ -40,7 +40,7 @@ constexpr HelpText kTexts[] = {
     {"", "json", "Print one JSON object per line, numbers with full precision."},
     {"", "help", "Print the usage and the options, then exit."},
     {"", "version", "Print the version, then exit."},
-    {"", "tle", "The element file (two- or three-line element sets)."},
+    {"", "tle", "The element file: two- or three-line element sets, OMM CSV or OMM JSON."},
     {"", "index", "The satellite's 0-based slot in the element file."},
     {"", "jd", "The time as a Julian date (UTC days)."},
     {"", "tsince", "The time in minutes since the element set's epoch."},

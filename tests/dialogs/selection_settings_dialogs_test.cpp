@@ -128,10 +128,21 @@ TEST_F(SettingsDialogTest, OkAppliesFallbacksAndSavesTheGroup) {
   EXPECT_EQ(store.values.count("test"), 0u);
 }
 
-TEST_F(SettingsDialogTest, LimitsKeptAndCancelChangesNothing) {
+TEST_F(SettingsDialogTest, LimitsKeptFrequenciesReadBackExactlyAndCancelChangesNothing) {
   EXPECT_EQ(UplinkOrFallback(1.0), 1.0);
   EXPECT_EQ(DownlinkOrFallback(1e7), 1e7);
   EXPECT_EQ(PredictionLimitOrFallback(0), 0);
+  // OK without an edit keeps each frequency to the last bit (six digits made 437.812 of 437.8125).
+  for (const double mhz : {437.8125, 1575.42, 145.82500000000002, 9999999.999999, 1.0000000000000002}) {
+    Settings same;
+    same.uplink = mhz, same.downlink = mhz;
+    MemorySettingsStore saved;
+    std::uint8_t off = 0;
+    SettingsDialog reopened(same, saved, off);
+    press(reopened, QDialogButtonBox::Ok);
+    EXPECT_EQ(same.uplink, mhz);
+    EXPECT_EQ(same.downlink, mhz);
+  }
   Settings s;
   s.downlink = 437.8;
   MemorySettingsStore store;

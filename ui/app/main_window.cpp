@@ -160,10 +160,10 @@ void MainWindow::startGps() {
   gps_ = std::make_unique<GpsThread>(clock_);
   if (config_.startGps) {
     std::string reason;
-    StartGpsReceiver(*gps_, gps, config_.portMap, reason);
+    StartGpsReceiver(*gps_, gps, s.gpsDevices, reason);
   } else {
     gps.tracking = 0;
-    gps_->configure(gps, config_.portMap);
+    gps_->configure(gps, s.gpsDevices);
   }
   state_->app.gpsTracking = gps.tracking;
 }
@@ -275,7 +275,8 @@ void MainWindow::setFullScreenView(bool full) {
 
 std::optional<std::string> MainWindow::chooseElementFile() {
   if (fileChooser) return fileChooser();
-  const QString path = QFileDialog::getOpenFileName(this, "Open File", QString(), "All (*.tle);;All files (*)");
+  const QString path =
+      QFileDialog::getOpenFileName(this, "Open File", QString(), "All (*.tle);;OMM (*.csv *.json);;All files (*)");
   if (path.isEmpty()) return std::nullopt;
   return path.toStdString();
 }
@@ -291,7 +292,6 @@ void MainWindow::runDialog(Command command) {
                           *messages_,
                           *caches_,
                           *gps_,
-                          config_.portMap,
                           clock,
                           [this]() -> HttpClient& { return httpClient(); },
                           config_.serverBase,

@@ -12,7 +12,6 @@
 #include "download/http_client.h"
 #include "download/platform_http.h"
 #include "gps/gps_thread.h"
-#include "gps/port_tables.h"
 #include "gps/steady_clock.h"
 #include "ui/app/frame_widget.h"
 #include "ui/app/main_state.h"
@@ -36,7 +35,6 @@ struct WindowConfig {
   int zoom = 1;
   ProgramOptions options;
   bool startGps = true;        // try the configured port and start the reader
-  GpsPortMap portMap;
   std::string serverBase = kDefaultElementServer;  // "Get Last" fetches from here
   std::string documentsFolder;   // downloads go here; the user's documents folder when empty
   HttpClient* http = nullptr;    // the platform's client, made on the first download, when null

@@ -25,7 +25,7 @@ void RunSettings(QWidget* parent, DialogServices& d) {
 void RunGpsSettings(QWidget* parent, DialogServices& d) {
   MainState& s = d.state;
   s.gpsSettings.tracking = s.app.gpsTracking;
-  runGpsSettingsDialog(parent, {s.gpsSettings, s.settings, d.store, s.app, d.gps, d.ports, d.messages});
+  runGpsSettingsDialog(parent, {s.gpsSettings, s.settings, d.store, s.app, d.gps, d.messages});
 }
 
 void RunTime(QWidget* parent, DialogServices& d) {
