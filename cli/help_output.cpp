@@ -47,7 +47,11 @@ void printOption(std::FILE* out, const std::string& command, const UsageOption& 
 }  // namespace
 
 std::vector<UsageOption> commandOptions(const Command& command) {
-  std::vector<UsageOption> options = OptionsInUsage(command.usage);
+  std::vector<UsageOption> options;
+  // A second usage line repeats "norvane-cli [--json]"; --json belongs to every subcommand.
+  for (UsageOption& option : OptionsInUsage(command.usage)) {
+    if (option.name != "json") options.push_back(std::move(option));
+  }
   const auto add = [&](const std::string& name, const char* value) {
     for (const UsageOption& o : options) {
       if (o.name == name) return;

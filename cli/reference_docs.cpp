@@ -78,6 +78,22 @@ std::vector<std::string> positionalChoices(const Command& command) {
   return ChoicesIn(Unbracketed(words[1]));
 }
 
+// Each line of a subcommand's usage in bold, one below the other; later lines
+// name the program themselves.
+std::string usageLines(std::string_view usage) {
+  std::string out;
+  while (!usage.empty()) {
+    const std::size_t end = usage.find('\n');
+    std::string_view line = usage.substr(0, end);
+    usage = end == std::string_view::npos ? std::string_view() : usage.substr(end + 1);
+    while (!line.empty() && line.front() == ' ') line.remove_prefix(1);
+    if (line.empty()) continue;
+    if (!out.empty()) out += ".br\n";
+    out += ".B " + std::string(line.substr(0, 12) == "norvane-cli " ? "" : "norvane\\-cli ") + roffCode(line) + "\n";
+  }
+  return out;
+}
+
 std::string joined(const std::vector<std::string>& words, std::string_view prefix = "") {
   std::string out;
   for (const std::string& w : words) out += (out.empty() ? "" : " ") + std::string(prefix) + w;
@@ -134,7 +150,7 @@ std::string cliManualPage(const DocsContext& context) {
   for (const char* name : {"json", "help", "version"}) page += optionParagraph({name, ""}, OptionText("", name));
   page += ".SH SUBCOMMANDS\n";
   for (const Command& command : commands()) {
-    page += ".SS " + roffCode(command.name) + "\n.B norvane\\-cli " + roffCode(command.usage) + "\n.PP\n" +
+    page += ".SS " + roffCode(command.name) + "\n" + usageLines(command.usage) + ".PP\n" +
             roffText(CommandSummary(command.name)) + "\n";
     for (const UsageOption& option : commandOptions(command)) {
       page += optionParagraph(option, OptionText(command.name, option.name));

@@ -12,15 +12,15 @@ struct UsageOption {
   std::string value;
 };
 
-// The words of a usage line; a double-quoted stretch ("YYYY-MM-DD HH:MM:SS")
-// is one word, quotes kept.
+// The words of a usage text (one or more lines); a double-quoted stretch
+// ("YYYY-MM-DD HH:MM:SS") is one word, quotes kept.
 inline std::vector<std::string> UsageWords(std::string_view usage) {
   std::vector<std::string> words;
   std::string word;
   bool quoted = false;
   for (const char c : usage) {
     if (c == '"') quoted = !quoted;
-    if (c == ' ' && !quoted) {
+    if ((c == ' ' || c == '\n' || c == '\t') && !quoted) {
       if (!word.empty()) words.push_back(word);
       word.clear();
     } else {

@@ -49,10 +49,12 @@ TEST(HelpTexts, EverySubcommandAndOptionIsExplained) {
   EXPECT_EQ(cli::OptionText("download", "out").find("folder"), 4u);  // its own text before the shared one
 }
 
-TEST(HelpTexts, TableOptionsMissingFromTheUsageStillCount) {
-  const cli::Command command{"x", "x --a N", {"a", "b"}, {"c"}, nullptr, 0};
+TEST(HelpTexts, OptionsOfEveryUsageLineAndTheTable) {
+  // A second usage line starts "norvane-cli [--json] x": --json is no option of x.
+  const cli::Command command{"x", "x --a N\n       norvane-cli [--json] x --a N", {"a", "b"}, {"c"}, nullptr, 0};
   const auto options = cli::commandOptions(command);
   ASSERT_EQ(options.size(), 3u);
+  EXPECT_EQ(options[0].value, "N");
   EXPECT_EQ(options[1].value, "VALUE");
   EXPECT_EQ(options[2].value, "");
 }
