@@ -31,7 +31,8 @@ class Record {
   std::vector<Field> fields_;
 };
 
-// A string as a JSON literal; bytes outside printable ASCII become \u00XX.
+// A string as a JSON literal. Well-formed UTF-8 passes as it is; control
+// characters, and bytes that are not UTF-8 (read as Latin-1), become \u00XX.
 std::string jsonString(std::string_view text);
 
 }  // namespace norvane::cli

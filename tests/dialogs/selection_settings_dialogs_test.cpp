@@ -1,10 +1,12 @@
 #include <QCheckBox>
+#include <algorithm>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTreeWidget>
 
 #include "../download/recording_sink.h"
+#include "../analysis/analysis_fixtures.h"
 #include "../elements/tle_fixtures.h"
 #include "core/elements/element_text.h"
 #include "qt_fixture.h"
@@ -44,6 +46,21 @@ TEST_F(SelectionDialogTest, ListsRowsByNameAndTicksBySlot) {
   for (int r = 0; r < 3; ++r) {
     const QTreeWidgetItem* row = list->topLevelItem(r);
     EXPECT_EQ(row->checkState(0) == Qt::Checked, slotOf(row) == 2) << r;
+  }
+}
+
+TEST_F(SelectionDialogTest, ColumnsShowWholeAndNumbersSortAsNumbers) {
+  auto c = test::bundled("visual_2017-04-14.txt");
+  AppState app;
+  app.currentTime = test::kVisualEpoch;
+  SatSelectionDialog dialog(*c, app);
+  dialog.show();
+  QTreeWidget* list = dialog.list();
+  expectColumnsWhole(*list);
+  for (const int column : {1, 4}) {  // catalogue number, slot in the file
+    list->sortByColumn(column, Qt::AscendingOrder);
+    const std::vector<double> numbers = columnNumbers(*list, column);
+    EXPECT_TRUE(std::is_sorted(numbers.begin(), numbers.end())) << column;
   }
 }
 

@@ -1,21 +1,24 @@
 #include "ui/app/main_window.h"
 
+#include <QActionGroup>
 #include <QCloseEvent>
 #include <QDateTime>
-#include <QDesktopServices>
 #include <QFileDialog>
 #include <QKeyEvent>
 #include <QMenuBar>
 #include <QPainter>
+#include <QScreen>
 #include <QShortcut>
+#include <QStyle>
 #include <QToolBar>
-#include <QUrl>
+#include <algorithm>
 
 #include "core/astro/julian_date.h"
 #include "gps/gps_receiver.h"
 #include "gps/linux_system_clock.h"
 #include "settings/settings_io.h"
 #include "ui/app/clock_tick.h"
+#include "ui/app/open_file_dialog.h"
 #include "ui/app/qt_message_sink.h"
 #include "ui/app/start_up.h"
 #include "ui/app/window_dialogs.h"
@@ -187,6 +190,7 @@ void MainWindow::buildMenus() {
                         Item{"Tle info", kCmdTleInfo}, Item{"Predict", kCmdPredict}, Item{"GPS", kCmdGps}}) {
     add(edit, i);
   }
+  buildViewMenu();
   QMenu* help = menuBar()->addMenu("Help");
   for (const Item& i : {Item{"About", kCmdAbout}, Item{"Help", kCmdHelp}}) add(help, i);
   auto* quit = new QShortcut(QKeySequence("Ctrl+Q"), this);
@@ -206,6 +210,58 @@ void MainWindow::buildButtons() {
     connect(a, &QAction::triggered, this, [this, c = commands[i]] { runCommand(c); });
   }
   addToolBar(Qt::BottomToolBarArea, buttons_);
+}
+
+// "View": the screen's zoom, 1 to 4 times; sizes that do not fit the screen are greyed.
+void MainWindow::buildViewMenu() {
+  viewMenu_ = menuBar()->addMenu("View");
+  viewMenu_->setObjectName("viewMenu");
+  auto* group = new QActionGroup(viewMenu_);
+  for (int zoom = 1; zoom <= 4; ++zoom) {
+    QAction* a = viewMenu_->addAction(QString("Zoom x%1").arg(zoom));
+    a->setObjectName(QString("zoom%1").arg(zoom));
+    a->setCheckable(true);
+    group->addAction(a);
+    connect(a, &QAction::triggered, this, [this, zoom] { setZoom(zoom); });
+  }
+  connect(viewMenu_, &QMenu::aboutToShow, this, [this] { updateZoomMenu(); });
+}
+
+void MainWindow::updateZoomMenu() {
+  const int largest = largestZoom();
+  for (int zoom = 1; zoom <= 4; ++zoom) {
+    QAction* a = viewMenu_->findChild<QAction*>(QString("zoom%1").arg(zoom));
+    if (a == nullptr) continue;
+    a->setChecked(zoom == frame_->zoom());
+    a->setEnabled(zoom <= largest);
+  }
+}
+
+int MainWindow::largestZoom() const {
+  const QScreen* s = screen();
+  if (s == nullptr) return 4;
+  const QRect room = s->availableGeometry();
+  // Menus and buttons (hidden in full screen, back afterwards), and the
+  // window manager's frame: before the window is framed, a title bar's worth.
+  const bool framed = frameGeometry().size() != size();
+  const int borderWidth = framed ? frameGeometry().width() - width() : 8;
+  const int borderHeight =
+      framed ? frameGeometry().height() - height() : style()->pixelMetric(QStyle::PM_TitleBarHeight) + 8;
+  const QSize hint = sizeHint();
+  const int chromeWidth = hint.width() - frame_->width() + borderWidth;
+  int chromeHeight = hint.height() - frame_->height() + borderHeight;
+  if (fullScreen_) chromeHeight += menuBar()->sizeHint().height() + buttons_->sizeHint().height();
+  return FittingZoom(4, room.width(), room.height(), chromeWidth, chromeHeight);
+}
+
+void MainWindow::setZoom(int zoom) {
+  zoom = std::clamp(zoom, 1, largestZoom());
+  if (zoom != frame_->zoom()) {
+    frame_->setZoom(zoom);
+    adjustSize();
+    if (config_.zoomChanged) config_.zoomChanged(zoom);
+  }
+  updateZoomMenu();
 }
 
 QAction* MainWindow::action(int command) const { return findChild<QAction*>(QString("command%1").arg(command)); }
@@ -275,10 +331,10 @@ void MainWindow::setFullScreenView(bool full) {
 
 std::optional<std::string> MainWindow::chooseElementFile() {
   if (fileChooser) return fileChooser();
-  const QString path =
-      QFileDialog::getOpenFileName(this, "Open File", QString(), "All (*.tle);;OMM (*.csv *.json);;All files (*)");
-  if (path.isEmpty()) return std::nullopt;
-  return path.toStdString();
+  QFileDialog dialog(this);
+  ConfigureOpenDialog(dialog, state_->settings.lastOpen);
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  return dialog.selectedFiles().first().toStdString();
 }
 
 void MainWindow::runDialog(Command command) {
@@ -310,7 +366,8 @@ void MainWindow::openDocument(const std::string& path) {
     documentOpener(path);
     return;
   }
-  QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(path)));
+  if (help_ == nullptr) help_ = new HelpWindow(this);
+  help_->showPage(path);
 }
 
 void MainWindow::closeWindow() {

@@ -29,6 +29,11 @@ std::optional<std::string> ParseProgramOptions(const std::vector<std::string>& a
 // the given time (x1 unless another mode is named); "pause" holds it there.
 void ApplyClockOptions(const ProgramOptions& options, AppState& app);
 
+// The largest zoom, at most wanted and at least 1, at which the 240 x 320
+// screen and the window's menus and borders (chrome, pixels) fit the room
+// the desktop leaves (available, pixels).
+int FittingZoom(int wanted, int availableWidth, int availableHeight, int chromeWidth, int chromeHeight);
+
 // The program folder: NORVANE_HOME when set and not empty, else
 // <dataHome>/Norvane. dataHome is the user's data folder.
 std::string ProgramFolder(const char* norvaneHome, const std::string& dataHome);
