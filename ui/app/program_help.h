@@ -18,7 +18,7 @@ inline constexpr ProgramOptionText kProgramOptionTexts[] = {
     {"tle", "Open this element file at start, as File > Open would."},
     {"time", "Start the simulated clock at this UTC time, running x1 unless --clock says otherwise."},
     {"clock", "The clock mode at start: real time, paused, or 1, 10, 30 or 60 seconds per tick."},
-    {"zoom", "Scale the 240 x 320 screen by this whole factor; remembered."},
+    {"zoom", "Scale the 240 x 320 screen by this whole factor, at most what the screen holds; remembered."},
     {"server", "The element-set server for \"Get Last\", http:// or https://; remembered."},
     {"help", "Print the usage and the options, then exit."},
     {"version", "Print the version, then exit."},
