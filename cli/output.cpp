@@ -81,6 +81,12 @@ Record& Record::add(std::string key, int value) {
   return *this;
 }
 
+Record& Record::addBool(std::string key, bool value) {
+  const std::string text = value ? "true" : "false";
+  fields_.push_back({std::move(key), text, text});
+  return *this;
+}
+
 Record& Record::add(std::string key, std::span<const double> values) {
   std::string json = "[";
   std::string text;

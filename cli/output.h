@@ -16,6 +16,8 @@ class Record {
   Record& add(std::string key, int value);
   Record& add(std::string key, std::string_view text);
   Record& add(std::string key, const char* text) { return add(std::move(key), std::string_view(text)); }
+  // true or false, in JSON and in text alike.
+  Record& addBool(std::string key, bool value);
   // A list of numbers: a JSON array, or the numbers separated by blanks.
   Record& add(std::string key, std::span<const double> values);
 

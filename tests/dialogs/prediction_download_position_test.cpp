@@ -1,4 +1,5 @@
 #include <QComboBox>
+#include <QLabel>
 #include <QDateEdit>
 #include <QDir>
 #include <QFile>
@@ -80,10 +81,13 @@ TEST_F(PredictionDialogTest, ReopeningListsStoredRowsSortsByNumberAndCancelKeeps
 // Serves one element file for every URL, or nothing.
 struct FixedHttp : HttpClient {
   bool open(const std::string&) override { return true; }
-  HttpResponse get(const std::string& url, std::size_t maxBytes) override {
-    urls.push_back(url);
-    if (body.empty()) return {};
-    return {HttpOutcome::Received, body.substr(0, maxBytes)};
+  HttpResponse fetch(const HttpRequest& request) override {
+    urls.push_back(request.url);
+    HttpResponse response;
+    if (body.empty()) return response;
+    response.outcome = HttpOutcome::Received;
+    response.body = body.substr(0, request.maxBytes);
+    return response;
   }
   std::string body;
   std::vector<std::string> urls;
@@ -114,7 +118,9 @@ TEST_F(DownloadDialogTest, DownloadLoadsSavesAndCloses) {
   EXPECT_EQ(list->currentText(), "International Space Station");
   control<QPushButton>(dialog, "button1043")->click();
   EXPECT_EQ(opened, "http://127.0.0.1:9/");
+  EXPECT_EQ(control<QLabel>(dialog, "requestUrl")->text(), "http://127.0.0.1:9/NORAD/elements/stations.txt");
   list->setCurrentIndex(15);
+  EXPECT_EQ(control<QLabel>(dialog, "requestUrl")->text(), "http://127.0.0.1:9/NORAD/elements/iridium.txt");
   control<QPushButton>(dialog, "button1058")->click();
   EXPECT_EQ(dialog.result(), QDialog::Accepted);
   EXPECT_EQ(dialog.downloadResult().status, DownloadStatus::Saved);

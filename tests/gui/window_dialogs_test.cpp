@@ -27,6 +27,7 @@
 #include <memory>
 
 #include "core/astro/julian_date.h"
+#include "tests/download/fixture_server.h"
 #include "tests/gui/gui_fixtures.h"
 #include "ui/app/main_window.h"
 
@@ -383,6 +384,23 @@ TEST(WindowDialogs, GetLastDownloadsFromTheServerIntoTheDocumentsFolder) {
   EXPECT_EQ(std::filesystem::file_size(copy), static_cast<std::uintmax_t>(bundled.size()));
   EXPECT_EQ(w.state().app.iridiumFile, 0);
   EXPECT_EQ(w.state().app.viewMode, ViewMode::Info);
+}
+
+TEST(WindowDialogs, CtrlQDuringADownloadAbandonsIt) {
+  App();
+  testing::ElementServer server;  // tests/download/element_server.py: its trickling file takes 2.5 s
+  server.start();
+  ASSERT_NE(server.port(), 0);
+  Window w("quit_download", server.base("trickle"));
+  const int before = w.state().catalogue.satelliteCount;
+  EXPECT_TRUE(w.dialog(kCmdGetLast, [&](QDialog& d) {
+    QTimer::singleShot(400, w.window.get(), [&] { w.window->runCommand(kCmdClose); });  // what Ctrl+Q runs
+    Control<QPushButton>(d, "button1058")->click();
+  }));
+  EXPECT_FALSE(w.window->isVisible());
+  EXPECT_FALSE(std::filesystem::exists(w.documents.path / "stations.txt"));
+  EXPECT_TRUE(w.sink.texts.empty());
+  EXPECT_EQ(w.state().catalogue.satelliteCount, before);
 }
 
 }  // namespace

@@ -401,6 +401,9 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   }
   timer_.stop();
   if (gps_) gps_->stop();
+  // A download still running is abandoned: nothing of it is loaded or saved.
+  if (ownHttp_) ownHttp_->cancel();
+  if (config_.http != nullptr) config_.http->cancel();
   event->accept();
 }
 

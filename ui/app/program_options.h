@@ -13,13 +13,13 @@ struct ProgramOptions {
   std::optional<CalendarTime> time;        // UTC start of the simulated clock
   std::optional<SimulationMode> clock;     // clock mode at start
   std::optional<int> zoom;                 // 1..4
-  std::optional<std::string> server;       // element-set server base URL, http:// or https://
+  std::optional<std::string> server;       // element-set server: base URL or URL template with {group}, http(s)
   bool help = false;
 };
 
 inline constexpr const char* kProgramUsage =
     "usage: norvane [--tle FILE] [--time \"YYYY-MM-DD HH:MM:SS\"] [--clock real|pause|x1|x10|x30|x60] "
-    "[--zoom 1-4] [--server URL]";
+    "[--zoom 1-4] [--server URL|TEMPLATE]";
 
 // Reads the arguments after the program name (Qt's own options already
 // removed). Returns the error text for a bad command line.

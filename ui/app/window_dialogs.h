@@ -24,7 +24,7 @@ struct DialogServices {
   GpsThread& gps;
   SystemClock& clock;        // read and set by "Set GPS time"
   std::function<HttpClient&()> http;  // made on first use
-  std::string serverBase;    // element-set server, also its home page
+  std::string serverBase;    // element-set server: a base URL or a URL template
   std::string documents;     // where downloads are kept; the user's documents folder when empty
 };
 
