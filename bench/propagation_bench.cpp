@@ -2,11 +2,18 @@
 // report's element sets: 88888 (near Earth) and 11801 (deep space).
 #include <benchmark/benchmark.h>
 
+#include <fstream>
+#include <iterator>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "core/elements/element_parser.h"
+#include "core/propagation/batch_sdp4.h"
+#include "core/propagation/batch_sgp4.h"
 #include "core/propagation/propagate.h"
+#include "core/propagation/propagator.h"
+#include "tools/synthetic_catalogue.h"
 
 namespace norvane {
 namespace {
@@ -55,7 +62,78 @@ void init(benchmark::State& state, const char* const lines[2], int mode) {
   }
 }
 
+// Near-Earth or deep-space catalogues of the given size spread from the
+// bundled element sets, as the catalogue maker in tools/ makes them.
+std::vector<Satellite> catalogue(std::size_t count, bool deepSpace) {
+  std::vector<Satellite> templates;
+  for (const char* name : {"/visual_2017-04-14.txt", "/iridium_2014-06-21.txt", "/sources/sgp4-ver.tle"}) {
+    std::ifstream in(std::string(NORVANE_DATA_DIR) + name, std::ios::binary);
+    for (const Satellite& s : readElementSets(std::string{std::istreambuf_iterator<char>(in), {}}))
+      templates.push_back(s);
+  }
+  return syntheticCatalogue(templates, count, deepSpace ? 1.0 : 0.0, 20261123u);
+}
+
+// Reports the time per satellite-propagation as "per_propagation".
+void countPropagations(benchmark::State& state, std::size_t perIteration) {
+  state.counters["per_propagation"] = benchmark::Counter(
+      static_cast<double>(perIteration), benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+}
+
+// Every satellite of a catalogue at one time, a minute later each iteration.
+template <class Batch>
+void batchAtOneTime(benchmark::State& state, bool deepSpace) {
+  const std::vector<Satellite> sats = catalogue(static_cast<std::size_t>(state.range(0)), deepSpace);
+  const Batch batch(sats);
+  const double start = epochToJulian(sats.front().epoch);
+  BatchStates out;
+  unsigned i = 0;
+  for (auto _ : state) {
+    batch.propagate(start + timeOf(i++) / 1440.0, out);
+    benchmark::DoNotOptimize(out.column(StateField::X));
+  }
+  countPropagations(state, sats.size());
+}
+
+// The same catalogues through the scalar models, one warm Propagator per
+// satellite: the reference for the batch at one time.
+void scalarAtOneTime(benchmark::State& state, bool deepSpace) {
+  const std::vector<Satellite> sats = catalogue(static_cast<std::size_t>(state.range(0)), deepSpace);
+  std::vector<Propagator> propagators(sats.begin(), sats.end());
+  const double start = epochToJulian(sats.front().epoch);
+  unsigned i = 0;
+  for (auto _ : state) {
+    const double jd = start + timeOf(i++) / 1440.0;
+    for (Propagator& p : propagators) benchmark::DoNotOptimize(p.stateAt(jd));
+  }
+  countPropagations(state, sats.size());
+}
+
+// One satellite at 1440 times a minute apart.
+template <class Batch>
+void batchOverADay(benchmark::State& state, const char* const lines[2]) {
+  auto parsed = std::make_unique<Catalogue>();
+  parseElementSet(*parsed, "BENCH", std::string("\n") + lines[0], lines[1], 0);
+  const Satellite sat = parsed->satellites[0];
+  const Batch batch(std::span<const Satellite>(&sat, 1));
+  std::vector<double> jds(1440);
+  for (std::size_t m = 0; m < jds.size(); ++m) jds[m] = epochToJulian(sat.epoch) + static_cast<double>(m) / 1440.0;
+  BatchStates out;
+  for (auto _ : state) {
+    batch.propagateTimes(0, jds, out);
+    benchmark::DoNotOptimize(out.column(StateField::X));
+  }
+  countPropagations(state, jds.size());
+}
+
 const bool registered = [] {
+  benchmark::AddCustomContext("batch_simd_target", batchTargetName());
+  benchmark::RegisterBenchmark("BM_Batch/SGP4/satellites", batchAtOneTime<BatchSgp4>, false)->Arg(181)->Arg(12000);
+  benchmark::RegisterBenchmark("BM_Batch/SDP4/satellites", batchAtOneTime<BatchSdp4>, true)->Arg(181)->Arg(12000);
+  benchmark::RegisterBenchmark("BM_Scalar/SGP4/satellites", scalarAtOneTime, false)->Arg(12000);
+  benchmark::RegisterBenchmark("BM_Scalar/SDP4/satellites", scalarAtOneTime, true)->Arg(12000);
+  benchmark::RegisterBenchmark("BM_Batch/SGP4/times_1440", batchOverADay<BatchSgp4>, kNearEarth);
+  benchmark::RegisterBenchmark("BM_Batch/SDP4/times_1440", batchOverADay<BatchSdp4>, kDeepSpace);
   benchmark::RegisterBenchmark("BM_Warm/SGP4", warm, kNearEarth, 0);
   benchmark::RegisterBenchmark("BM_Warm/SDP4", warm, kDeepSpace, 0);
   benchmark::RegisterBenchmark("BM_Warm/SGP8", warm, kNearEarth, kSgp8Mode);

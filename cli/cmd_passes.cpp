@@ -2,6 +2,8 @@
 #include <cmath>
 #include <ctime>
 #include <cstdio>
+#include <fstream>
+#include <iterator>
 #include <limits>
 #include <memory>
 #include <numeric>
@@ -12,7 +14,13 @@
 #include "cli/command.h"
 #include "cli/observer_args.h"
 #include "cli/output.h"
+#include "core/analysis/catalogue_passes.h"
 #include "core/analysis/pass_calendar.h"
+#include "core/elements/element_formats.h"
+#include "core/elements/element_list.h"
+#include "core/elements/omm_csv.h"
+#include "core/elements/omm_json.h"
+#include "core/elements/omm_record.h"
 #include "core/analysis/pass_planner.h"
 #include "core/analysis/pass_search.h"
 #include "core/analysis/visibility_state.h"
@@ -84,6 +92,52 @@ void printPlannedPass(const PlannedPass& p, bool json) {
   r.print(stdout, json);
 }
 
+// --- The whole catalogue (--summary --all): any number of satellites. ---
+
+// Every element set of --tle, element text or OMM (CSV or JSON), with no
+// limit on their number; OMM records without an orbit are passed over.
+std::vector<Satellite> wholeCatalogueFrom(const Args& args) {
+  const std::string path = required(args, "tle");
+  std::ifstream in(path, std::ios::binary);
+  if (!in) throw InputError{"cannot open " + path};
+  const std::string text{std::istreambuf_iterator<char>(in), {}};
+  const ElementFormat format = detectElementFormat(text);
+  if (format == ElementFormat::Tle) return readElementSets(text);
+  std::vector<Satellite> sats;
+  const OmmRecordHandler keep = [&sats](const OmmRecord& record) {
+    Satellite sat;
+    if (satelliteFromOmm(record, sat)) sats.push_back(sat);
+    return true;
+  };
+  if (format == ElementFormat::Csv) readOmmCsv(text, keep);
+  else readOmmJson(text, keep);
+  return sats;
+}
+
+int runWholeCatalogue(const Args& args, const Geodetic& observer, double start, double hours,
+                      const PlannerOptions& options) {
+  if (args.has("select")) throw UsageError{"--select does not go with --all"};
+  int threads = 0;
+  if (args.has("threads")) {
+    threads = requiredInt(args, "threads");
+    if (threads < 1 || threads > 256) throw InputError{"--threads: 1 to 256 workers"};
+  }
+  const std::vector<Satellite> sats = wholeCatalogueFrom(args);
+  const auto began = std::chrono::steady_clock::now();
+  const CataloguePlan plan = planAllPasses(sats, observer, start, start + hours / 24.0, options, threads);
+  const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - began).count();
+  if (args.has("ics") && !writePassCalendar(*args.value("ics"), plan.passes, nowJulianDate())) {
+    throw InputError{"--ics: cannot write " + *args.value("ics")};
+  }
+  for (const PlannedPass& p : plan.passes) printPlannedPass(p, args.json);
+  Record summary;
+  summary.add("passes", static_cast<int>(plan.passes.size())).add("seconds", seconds);
+  summary.add("satellites", static_cast<int>(sats.size())).add("searched", static_cast<int>(plan.searched));
+  summary.add("threads", plan.threads);
+  summary.print(stdout, args.json);
+  return 0;
+}
+
 int runPassSummary(const Args& args) {
   int f[6] = {0, 0, 0, 0, 0, 0};
   splitStart(required(args, "start"), f);
@@ -98,6 +152,8 @@ int runPassSummary(const Args& args) {
     throw InputError{"--min-el: not an elevation in degrees"};
   }
   const Geodetic observer = observerFrom(args);
+  if (args.flag("all")) return runWholeCatalogue(args, observer, start, hours, options);
+  if (args.has("threads")) throw UsageError{"--threads goes with --all"};
   auto catalogue = catalogueFrom(args);
   std::vector<int> slots;
   if (args.has("select")) {
@@ -127,7 +183,8 @@ int runPassSummary(const Args& args) {
 
 int runPasses(const Args& args) {
   if (args.flag("summary")) return runPassSummary(args);
-  for (const char* plannerOnly : {"min-el", "ics"}) {
+  if (args.flag("all")) throw UsageError{"--all goes with --summary"};
+  for (const char* plannerOnly : {"min-el", "ics", "threads"}) {
     if (args.has(plannerOnly)) throw UsageError{std::string("--") + plannerOnly + " goes with --summary"};
   }
   if (args.flag("sgp8")) throw UsageError{"--sgp8 goes with --summary"};
@@ -171,9 +228,10 @@ Command passesCommand() {
           "passes --tle FILE --start \"YYYY-MM-DD HH:MM:SS\" --hours H --lat DEG --lon DEG --alt KM "
           "[--utc-shift H] [--visible] [--flares] [--min-mag M] [--select 0,3,5]\n"
           "       norvane-cli [--json] passes --summary --tle FILE --start \"YYYY-MM-DD HH:MM:SS\" --hours H "
-          "--lat DEG --lon DEG --alt KM [--utc-shift H] [--min-el DEG] [--select 0,3,5] [--ics FILE] [--sgp8]",
-          {"tle", "start", "hours", "lat", "lon", "alt", "utc-shift", "min-mag", "select", "min-el", "ics"},
-          {"visible", "flares", "summary", "sgp8"},
+          "--lat DEG --lon DEG --alt KM [--utc-shift H] [--min-el DEG] [--select 0,3,5] [--ics FILE] [--sgp8] "
+          "[--all [--threads N]]",
+          {"tle", "start", "hours", "lat", "lon", "alt", "utc-shift", "min-mag", "select", "min-el", "ics", "threads"},
+          {"visible", "flares", "summary", "sgp8", "all"},
           runPasses,
           45};
 }

@@ -10,30 +10,21 @@ namespace norvane {
 namespace {
 
 // Sun and Moon.
-constexpr double kZns = 1.19459e-5;       // rad/min, Sun's mean motion
+constexpr double kZns = kSunMeanMotion;
 constexpr double kC1ss = 2.9864797e-6;
-constexpr double kZes = 0.01675;
-constexpr double kZnl = 1.5835218e-4;     // rad/min, Moon's mean motion
+constexpr double kZes = kSunEccentricity;
+constexpr double kZnl = kMoonMeanMotion;
 constexpr double kC1l = 4.7968065e-7;
-constexpr double kZel = 0.05490;
+constexpr double kZel = kMoonEccentricity;
 constexpr double kZcosis = 0.91744867;    // obliquity
 constexpr double kZsinis = 0.39785416;
 constexpr double kZsings = -0.98088458;   // Sun's argument of perigee
 constexpr double kZcosgs = 0.1945905;
 // Resonance.
 constexpr double kQ22 = 1.7891679e-6, kQ31 = 2.1460748e-6, kQ33 = 2.2123015e-7;
-constexpr double kG22 = 5.7686396, kG32 = 0.95240898, kG44 = 1.8014998;
-constexpr double kG52 = 1.0508330, kG54 = 4.4108898;
 constexpr double kRoot22 = 1.7891679e-6, kRoot32 = 3.7393792e-7, kRoot44 = 7.3636953e-9;
 constexpr double kRoot52 = 1.1428639e-7, kRoot54 = 2.1765803e-9;
-constexpr double kFasx2 = 0.13130908, kFasx4 = 2.8843198, kFasx6 = 0.37448087;
-constexpr double kThdt = 4.3752691e-3;  // rad/min, Earth's rotation
-constexpr double kStep = 720.0;         // min, integrator step
-constexpr double kStep2 = 259200.0;     // kStep^2 / 2
-// Beyond this distance from epoch (min, about 1900 years) the resonance
-// integration is not attempted: it would take millions of steps, and never
-// end for an infinite time.
-constexpr double kMaxIntegrationSpan = 1.0e9;
+using namespace resonance;
 constexpr double kLowInclination = 5.2359877e-2;  // rad, 3 degrees
 
 // Orientation of one perturbing body's orbit relative to the satellite's.

@@ -5,6 +5,28 @@
 
 namespace norvane {
 
+// Mean motions (rad/min) and eccentricities of the Sun's and the Moon's
+// orbits in the lunar-solar terms.
+inline constexpr double kSunMeanMotion = 1.19459e-5;
+inline constexpr double kSunEccentricity = 0.01675;
+inline constexpr double kMoonMeanMotion = 1.5835218e-4;
+inline constexpr double kMoonEccentricity = 0.05490;
+
+// The resonance integration: phase constants of the 24-hour (fasx) and
+// 12-hour (g) terms, the Earth's rotation, the step and its square over 2.
+namespace resonance {
+inline constexpr double kG22 = 5.7686396, kG32 = 0.95240898, kG44 = 1.8014998;
+inline constexpr double kG52 = 1.0508330, kG54 = 4.4108898;
+inline constexpr double kFasx2 = 0.13130908, kFasx4 = 2.8843198, kFasx6 = 0.37448087;
+inline constexpr double kThdt = 4.3752691e-3;  // rad/min, Earth's rotation
+inline constexpr double kStep = 720.0;         // min, integrator step
+inline constexpr double kStep2 = 259200.0;     // kStep^2 / 2
+// Beyond this distance from epoch (min, about 1900 years) the integration is
+// not attempted: it would take millions of steps, and never end for an
+// infinite time.
+inline constexpr double kMaxIntegrationSpan = 1.0e9;
+}  // namespace resonance
+
 // The record SDP4 and SDP8 share with the deep-space routine, by the names of
 // the report. Entry 1 reads the epoch quantities; entry 2 reads and updates
 // xll, omgasm, xnodes, xn at time t and sets em and xinc; entry 3 updates em,

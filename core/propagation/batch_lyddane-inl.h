@@ -1,0 +1,237 @@
+// Vector forms of the steps SGP4 and SDP4 share: the angle helpers, Kepler's
+// equation and the long- and short-period output. Each lane follows the
+// scalar code of lyddane_output.h and kepler.h operation for operation; only
+// sine, cosine and arctangent come from the vector maths library.
+//
+// Included once per SIMD target (Highway's per-target include guard).
+#if defined(NORVANE_BATCH_LYDDANE_INL_H_) == defined(HWY_TARGET_TOGGLE)
+#ifdef NORVANE_BATCH_LYDDANE_INL_H_
+#undef NORVANE_BATCH_LYDDANE_INL_H_
+#else
+#define NORVANE_BATCH_LYDDANE_INL_H_
+#endif
+
+#include "core/astro/numeric.h"
+#include "core/propagation/batch_layout.h"
+#include "core/propagation/model_constants.h"
+#include "core/propagation/propagate.h"
+#include "hwy/contrib/math/math-inl.h"
+#include "hwy/highway.h"
+
+HWY_BEFORE_NAMESPACE();
+namespace norvane::HWY_NAMESPACE::batch {
+
+namespace hn = hwy::HWY_NAMESPACE;
+using Tag = hn::ScalableTag<double>;
+using Vd = hn::Vec<Tag>;
+using Md = hn::Mask<Tag>;
+
+// Sine and cosine of x together, sharing one argument reduction: x is
+// reduced by the nearest multiple q of pi/2 (pi/2 split in two parts), both are evaluated on
+// [-pi/4, pi/4] by the minimax polynomials of fdlibm's kernels, and the
+// quadrant q mod 4 swaps and negates them. Accurate to about one ulp.
+struct SinCosLanes {
+  Vd sin, cos;
+};
+
+HWY_INLINE SinCosLanes SinCos(Tag d, Vd angle) {
+  // Whole turns off first: old element sets give anomalies of thousands of radians.
+  const Vd turn = hn::Set(d, kTwoPi);
+  const Vd x = angle - turn * hn::Round(angle / turn);
+  const Vd q = hn::Round(x * hn::Set(d, 0.63661977236758134308));  // 2/pi
+  const Vd r = (x - q * hn::Set(d, 1.57079632673412561417e+00)) - q * hn::Set(d, 6.07710050650619224932e-11);
+  const Vd z = r * r;
+  // Horner steps as fused multiply-adds where the processor has them.
+  const auto step = [&](Vd acc, double coefficient) { return hn::MulAdd(acc, z, hn::Set(d, coefficient)); };
+  const Vd sinPoly = step(step(step(step(hn::Set(d, 1.58969099521155010221e-10), -2.50507602534068634195e-08),
+                                    2.75573137070700676789e-06),
+                               -1.98412698298579493134e-04),
+                          8.33333333332248946124e-03);
+  const Vd s = hn::MulAdd(r * z, step(sinPoly, -1.66666666666666324348e-01), r);
+  const Vd cosPoly =
+      step(step(step(step(step(hn::Set(d, -1.13596475577881948265e-11), 2.08757232129817482790e-09),
+                          -2.75573143513906633035e-07),
+                     2.48015872894767294178e-05),
+                -1.38888888888741095749e-03),
+           4.16666666666666019037e-02);
+  const Vd one = hn::Set(d, 1.0);
+  const Vd halfZ = hn::Set(d, 0.5) * z;
+  const Vd w = one - halfZ;
+  const Vd c = w + (((one - w) - halfZ) + z * z * cosPoly);
+  // Quadrant q mod 4, exact in doubles for these small multiples.
+  const Vd quadrant = q - hn::Set(d, 4.0) * hn::Floor(q * hn::Set(d, 0.25));
+  const Md one1 = quadrant == one;
+  const Md three = quadrant == hn::Set(d, 3.0);
+  const Md two = quadrant == hn::Set(d, 2.0);
+  const Md odd = hn::Or(one1, three);
+  const Md sinNegative = hn::Or(two, three);
+  const Md cosNegative = hn::Or(one1, two);
+  const Vd sinAbs = hn::IfThenElse(odd, c, s);
+  const Vd cosAbs = hn::IfThenElse(odd, s, c);
+  return {hn::IfThenElse(sinNegative, hn::Neg(sinAbs), sinAbs), hn::IfThenElse(cosNegative, hn::Neg(cosAbs), cosAbs)};
+}
+
+HWY_INLINE Vd SinOf(Tag d, Vd x) { return SinCos(d, x).sin; }
+HWY_INLINE Vd CosOf(Tag d, Vd x) { return SinCos(d, x).cos; }
+
+// AcTan of numeric.h per lane: the angle of (c, s) in [0, 2pi].
+HWY_INLINE Vd AcTanLanes(Tag d, Vd s, Vd c) {
+  const Vd zero = hn::Zero(d);
+  const Vd q = hn::Atan(d, s / c);
+  const Md north = s > zero;
+  Vd r = hn::IfThenElse(north, q, q + hn::Set(d, kTwoPi));
+  r = hn::IfThenElse(c < zero, hn::Set(d, kPi) + q, r);
+  const Vd axis = hn::IfThenElse(north, hn::Set(d, kPi / 2.0), hn::Set(d, 3.0 * kPi / 2.0));
+  return hn::IfThenElse(c == zero, axis, r);
+}
+
+// FMod2p of numeric.h per lane: x reduced to [0, 2pi).
+HWY_INLINE Vd FMod2pLanes(Tag d, Vd x) {
+  const Vd turn = hn::Set(d, kTwoPi);
+  const Vd zero = hn::Zero(d);
+  Vd r = x - turn * hn::Trunc(x / turn);
+  r = hn::IfThenElse(r < zero, r + turn, r);
+  return hn::IfThenElse(hn::And(x >= zero, x < turn), x, r);
+}
+
+// Reads the columns of the satellites in the lanes that start at row.
+template <class Field>
+struct RowSource {
+  const SoaColumns<Field>& columns;
+  std::size_t row;
+  Vd operator()(Tag d, Field f) const { return hn::LoadU(d, columns.column(f) + row); }
+};
+
+// One satellite's values (a row indexed by field) in every lane.
+template <class Field>
+struct BroadcastSource {
+  const double* values;
+  Vd operator()(Tag d, Field f) const { return hn::Set(d, values[static_cast<std::size_t>(f)]); }
+};
+
+// Mean elements at one time, as model::MeanElements.
+struct MeanLanes {
+  Vd a, e, omega, xnode, xl, xinc;
+};
+
+// Epoch quantities of the short-period terms, as model::ShortPeriodCoefficients.
+struct ShortPeriodLanes {
+  Vd cosio, sinio, x3thm1, x1mth2, x7thm1, xlcof, aycof;
+};
+
+// Position in earth radii and velocity in earth radii per minute.
+struct StateLanes {
+  Vd x, y, z, vx, vy, vz;
+};
+
+// Kepler's equation for the eccentric longitude with the scalar stopping
+// rule per lane: a lane keeps the sine and cosine of the estimate a pass
+// started from once that pass's correction is within the tolerance; lanes
+// that never converge use the last improved estimate.
+HWY_INLINE void KeplerLanes(Tag d, Vd capu, Vd axn, Vd ayn, Vd& sinE, Vd& cosE) {
+  const Vd one = hn::Set(d, 1.0);
+  const Vd tolerance = hn::Set(d, model::kKeplerTolerance);
+  Vd e = capu;
+  Md done = hn::FirstN(d, 0);
+  sinE = hn::Zero(d);
+  cosE = hn::Zero(d);
+  for (int pass = 0; pass < model::kKeplerPasses; ++pass) {
+    const SinCosLanes sc = SinCos(d, e);
+    const Vd s = sc.sin;
+    const Vd c = sc.cos;
+    const Vd next = e + (capu - e + axn * s - ayn * c) / (one - axn * c - ayn * s);
+    const Md settled = hn::AndNot(done, hn::Abs(next - e) <= tolerance);
+    sinE = hn::IfThenElse(settled, s, sinE);
+    cosE = hn::IfThenElse(settled, c, cosE);
+    done = hn::Or(done, settled);
+    e = hn::IfThenElse(done, e, next);
+    if (hn::AllTrue(d, done)) return;
+  }
+  const SinCosLanes last = SinCos(d, e);
+  sinE = hn::IfThenElse(done, sinE, last.sin);
+  cosE = hn::IfThenElse(done, cosE, last.cos);
+}
+
+// model::lyddaneOutput per lane.
+HWY_INLINE StateLanes LyddaneLanes(Tag d, const MeanLanes& m, const ShortPeriodLanes& k) {
+  const Vd one = hn::Set(d, 1.0);
+  const Vd half = hn::Set(d, 0.5);
+  const Vd xke = hn::Set(d, model::kXke);
+  const Vd beta2 = one - m.e * m.e;
+  const Vd xn = xke / (m.a * hn::Sqrt(m.a));
+
+  const SinCosLanes omega = SinCos(d, m.omega);
+  const Vd axn = m.e * omega.cos;
+  const Vd tlp = one / (m.a * beta2);
+  const Vd xll = tlp * k.xlcof * axn;
+  const Vd aynl = tlp * k.aycof;
+  const Vd xlt = m.xl + xll;
+  const Vd ayn = m.e * omega.sin + aynl;
+
+  const Vd capu = FMod2pLanes(d, xlt - m.xnode);
+  Vd sinE, cosE;
+  KeplerLanes(d, capu, axn, ayn, sinE, cosE);
+
+  const Vd ecose = axn * cosE + ayn * sinE;
+  const Vd esine = axn * sinE - ayn * cosE;
+  const Vd elsq = axn * axn + ayn * ayn;
+  const Vd pl = m.a * (one - elsq);
+  const Vd r = m.a * (one - ecose);
+  const Vd rdot = xke * hn::Sqrt(m.a) * esine / r;
+  const Vd rfdot = xke * hn::Sqrt(pl) / r;
+  const Vd betal = hn::Sqrt(one - elsq);
+  const Vd aOverR = m.a / r;
+  const Vd esineTerm = esine / (one + betal);
+  const Vd cosu = aOverR * (cosE - axn + ayn * esineTerm);
+  const Vd sinu = aOverR * (sinE - ayn - axn * esineTerm);
+  const Vd u = AcTanLanes(d, sinu, cosu);
+  const Vd sin2u = hn::Set(d, 2.0) * sinu * cosu;
+  const Vd cos2u = hn::Set(d, 2.0) * cosu * cosu - one;
+  const Vd sp1 = hn::Set(d, model::kCk2) / pl;
+  const Vd sp2 = sp1 / pl;
+  const Vd oneAndHalf = hn::Set(d, 1.5);
+
+  const Vd rk = r * (one - oneAndHalf * sp2 * betal * k.x3thm1) + half * sp1 * k.x1mth2 * cos2u;
+  const Vd uk = u - hn::Set(d, 0.25) * sp2 * k.x7thm1 * sin2u;
+  const Vd xnodek = m.xnode + oneAndHalf * sp2 * k.cosio * sin2u;
+  const Vd xinck = m.xinc + oneAndHalf * sp2 * k.cosio * k.sinio * cos2u;
+  const Vd rdotk = rdot - xn * sp1 * k.x1mth2 * sin2u;
+  const Vd rfdotk = rfdot + xn * sp1 * (k.x1mth2 * cos2u + oneAndHalf * k.x3thm1);
+
+  const SinCosLanes ukTrig = SinCos(d, uk);
+  const SinCosLanes ikTrig = SinCos(d, xinck);
+  const SinCosLanes nokTrig = SinCos(d, xnodek);
+  const Vd sinuk = ukTrig.sin;
+  const Vd cosuk = ukTrig.cos;
+  const Vd sinik = ikTrig.sin;
+  const Vd cosik = ikTrig.cos;
+  const Vd sinnok = nokTrig.sin;
+  const Vd cosnok = nokTrig.cos;
+  const Vd xmx = hn::Neg(sinnok) * cosik;
+  const Vd xmy = cosnok * cosik;
+  const Vd ux = xmx * sinuk + cosnok * cosuk;
+  const Vd uy = xmy * sinuk + sinnok * cosuk;
+  const Vd uz = sinik * sinuk;
+  const Vd vx = xmx * cosuk - cosnok * sinuk;
+  const Vd vy = xmy * cosuk - sinnok * sinuk;
+  const Vd vz = sinik * cosuk;
+  return {rk * ux, rk * uy, rk * uz, rdotk * ux + rfdotk * vx, rdotk * uy + rfdotk * vy,
+          rdotk * uz + rfdotk * vz};
+}
+
+// Scales a state to km and km/s and stores it at row of out's columns.
+HWY_INLINE void StoreState(Tag d, const StateLanes& s, double* const columns[6], std::size_t row) {
+  const Vd km = hn::Set(d, kKilometresPerEarthRadius);
+  const Vd kms = hn::Set(d, kKmPerSecondPerEarthRadiusPerMinute);
+  hn::StoreU(s.x * km, d, columns[0] + row);
+  hn::StoreU(s.y * km, d, columns[1] + row);
+  hn::StoreU(s.z * km, d, columns[2] + row);
+  hn::StoreU(s.vx * kms, d, columns[3] + row);
+  hn::StoreU(s.vy * kms, d, columns[4] + row);
+  hn::StoreU(s.vz * kms, d, columns[5] + row);
+}
+
+}  // namespace norvane::HWY_NAMESPACE::batch
+HWY_AFTER_NAMESPACE();
+
+#endif  // NORVANE_BATCH_LYDDANE_INL_H_

@@ -1,0 +1,86 @@
+// Whole-catalogue planning: the pre-filter never drops a satellite with a
+// pass, and worker threads neither lose, duplicate nor reorder passes.
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+#include "core/analysis/catalogue_passes.h"
+#include "tools/synthetic_catalogue.h"
+
+namespace norvane {
+namespace {
+
+constexpr double kDegree = 3.14159265358979323846 / 180.0;
+constexpr double kStart = 2457858.0;  // 2017-04-14 0h UTC, two days after the synthetic epochs
+
+std::vector<Satellite> catalogue(std::size_t count) {
+  std::vector<Satellite> templates;
+  for (const char* name : {"/visual_2017-04-14.txt", "/iridium_2014-06-21.txt", "/sources/sgp4-ver.tle"}) {
+    std::ifstream in(std::string(NORVANE_DATA_DIR) + name, std::ios::binary);
+    for (const Satellite& s : readElementSets(std::string{std::istreambuf_iterator<char>(in), {}}))
+      templates.push_back(s);
+  }
+  return syntheticCatalogue(templates, count, 0.08, 99);
+}
+
+bool samePass(const PlannedPass& a, const PlannedPass& b) {
+  return a.slot == b.slot && a.catnr == b.catnr && a.aos == b.aos && a.tca == b.tca && a.los == b.los &&
+         a.tcaElevation == b.tcaElevation && a.visible == b.visible && a.neverSets == b.neverSets;
+}
+
+TEST(CataloguePasses, EqualTheScalarPlannerOnAnyNumberOfThreads) {
+  const std::vector<Satellite> sats = catalogue(500);
+  // Far north, so that the pre-filter leaves out the orbits that stay low.
+  const Geodetic observer{70.0 * kDegree, 20.0 * kDegree, 0.1, 0};
+  const PlannerOptions options{10.0};
+  std::vector<PlannedPass> expected;
+  for (std::size_t i = 0; i < sats.size(); ++i) {
+    for (const PlannedPass& p : planPasses(sats[i], static_cast<int>(i), observer, kStart, kStart + 1.0, options))
+      expected.push_back(p);
+  }
+  std::stable_sort(expected.begin(), expected.end(),
+                   [](const PlannedPass& a, const PlannedPass& b) { return a.aos < b.aos; });
+  ASSERT_GT(expected.size(), 500u);
+
+  for (const int threads : {1, 3}) {
+    const CataloguePlan plan = planAllPasses(sats, observer, kStart, kStart + 1.0, options, threads);
+    EXPECT_EQ(plan.threads, threads);
+    EXPECT_LT(plan.searched, sats.size());  // the pre-filter left some out
+    ASSERT_EQ(plan.passes.size(), expected.size()) << threads << " threads";
+    for (std::size_t i = 0; i < expected.size(); ++i) {
+      ASSERT_TRUE(samePass(plan.passes[i], expected[i])) << threads << " threads, pass " << i;
+    }
+  }
+}
+
+TEST(CataloguePasses, PreFilterKeepsEverySatelliteThatRises) {
+  Satellite low;  // 10 degrees inclination, about 500 km up
+  low.catnr = 1;
+  low.epoch = 17102.0;
+  low.xincl = 10.0;
+  low.eo = 0.001;
+  low.xno = 15.2;
+  Satellite geostationary = low;
+  geostationary.xincl = 0.05;
+  geostationary.xno = 1.0027;
+  int left = 0;
+  for (const Satellite& sat : {low, geostationary}) {
+    for (double lat = 0.0; lat <= 90.0; lat += 3.0) {
+      const Geodetic observer{lat * kDegree, 0.0, 0.0, 0};
+      const bool rises = !planPasses(sat, 0, observer, kStart, kStart + 1.0, {}).empty();
+      if (rises) {
+        EXPECT_TRUE(canRise(sat, observer, 0.0)) << sat.xno << " at " << lat;
+      }
+      left += canRise(sat, observer, 0.0) ? 0 : 1;
+    }
+  }
+  EXPECT_GT(left, 10);
+  Satellite empty;
+  EXPECT_FALSE(canRise(empty, Geodetic{}, 0.0));
+}
+
+}  // namespace
+}  // namespace norvane
