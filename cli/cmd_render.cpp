@@ -11,6 +11,7 @@
 #include "cli/output.h"
 #include "core/elements/element_file.h"
 #include "core/elements/file_name_modes.h"
+#include "core/platform/data_folder.h"
 #include "gps/nmea_decoder.h"
 #include "ui/surface/png_writer.h"
 #include "ui/surface/skins.h"
@@ -103,7 +104,7 @@ void selectOnly(const std::string& list, Catalogue& catalogue) {
 std::string skinFolder(const Args& args) {
   if (const auto folder = args.value("skins")) return *folder;
   if (const char* home = std::getenv("NORVANE_HOME")) return std::string(home) + "/skins";
-  return NORVANE_DEFAULT_SKINS;
+  return ProgramDataFolder() + "/skins";
 }
 
 int runRender(const Args& args) {

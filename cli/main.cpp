@@ -3,19 +3,11 @@
 #include <string>
 
 #include "cli/command.h"
+#include "cli/help_output.h"
+#include "norvane/version.h"
 
 namespace norvane::cli {
 namespace {
-
-void printHelp(std::FILE* out) {
-  std::fputs(
-      "usage: norvane-cli [--json] SUBCOMMAND [OPTIONS]\n"
-      "Runs the tracker's computations without a screen. Options take their value as\n"
-      "the next argument; --json prints one JSON object per line.\n"
-      "A --tle FILE may hold element lines, OMM CSV or OMM JSON.\n\nsubcommands:\n",
-      out);
-  for (const Command& c : commands()) std::fprintf(out, "  %s\n", c.usage.c_str());
-}
 
 const Command* findCommand(const std::string& name) {
   for (const Command& c : commands()) {
@@ -28,8 +20,8 @@ bool contains(const std::vector<std::string>& list, const std::string& item) {
   return std::find(list.begin(), list.end(), item) != list.end();
 }
 
-// Splits argv into the subcommand's options; --json and --help go anywhere.
-Args parse(int argc, char** argv, const Command*& command, bool& help) {
+// Splits argv into the subcommand's options; --json, --help and --version go anywhere.
+Args parse(int argc, char** argv, const Command*& command, bool& help, bool& version) {
   Args args;
   command = nullptr;
   for (int i = 1; i < argc; ++i) {
@@ -38,6 +30,8 @@ Args parse(int argc, char** argv, const Command*& command, bool& help) {
       args.json = true;
     } else if (word == "--help" || word == "-h") {
       help = true;
+    } else if (word == "--version") {
+      version = true;
     } else if (word.rfind("--", 0) == 0) {
       if (command == nullptr) throw UsageError{"unknown option " + word};
       const std::string name = word.substr(2);
@@ -65,14 +59,19 @@ Args parse(int argc, char** argv, const Command*& command, bool& help) {
 int run(int argc, char** argv) {
   const Command* command = nullptr;
   bool help = false;
+  bool version = false;
   try {
-    const Args args = parse(argc, argv, command, help);
+    const Args args = parse(argc, argv, command, help, version);
     if (help) {
       if (command != nullptr) {
-        std::printf("usage: norvane-cli [--json] %s\n", command->usage.c_str());
+        printCommandHelp(*command, stdout);
       } else {
-        printHelp(stdout);
+        printProgramHelp(stdout);
       }
+      return 0;
+    }
+    if (version) {
+      std::printf("norvane-cli %s\n", NORVANE_VERSION);
       return 0;
     }
     if (command == nullptr) throw UsageError{"no subcommand given"};

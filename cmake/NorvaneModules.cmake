@@ -12,3 +12,16 @@ function(norvane_module name)
   target_link_libraries(${name} PUBLIC norvane_options ${ARG_DEPS})
   set_property(GLOBAL APPEND PROPERTY NORVANE_CORE_LIBRARIES ${name})
 endfunction()
+
+# Programs find their data in ../share/norvane beside their own folder, as when
+# installed; in the build tree that is a link to data/.
+function(norvane_link_data_folder)
+  get_filename_component(share ${CMAKE_CURRENT_BINARY_DIR}/../share ABSOLUTE)
+  file(MAKE_DIRECTORY ${share})
+  if(IS_SYMLINK ${share}/norvane)
+    file(REMOVE ${share}/norvane)  # it may point to a tree that has moved
+  endif()
+  if(NOT EXISTS ${share}/norvane)
+    file(CREATE_LINK ${NORVANE_DATA_DIR} ${share}/norvane SYMBOLIC)
+  endif()
+endfunction()

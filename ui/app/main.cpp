@@ -1,7 +1,7 @@
 // norvane: the tracker's window.
 #include <QApplication>
 #include <QCryptographicHash>
-#include <QDir>
+#include <QIcon>
 #include <QLocalServer>
 #include <QLocalSocket>
 #include <QSettings>
@@ -10,8 +10,11 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "core/platform/data_folder.h"
+#include "norvane/version.h"
 #include "settings/qt_settings_store.h"
 #include "ui/app/main_window.h"
+#include "ui/app/program_help.h"
 #include "ui/app/program_options.h"
 
 namespace {
@@ -33,23 +36,36 @@ bool RaiseRunningInstance(const QString& name) {
   return true;
 }
 
-// The installed share folder, else the source tree's data folder.
-std::string DataFolder() {
-  const QString installed = QCoreApplication::applicationDirPath() + "/../share/norvane";
-  if (QDir(installed + "/skins").exists()) return QDir(installed).absolutePath().toStdString();
-  return NORVANE_SOURCE_DATA;
-}
-
 // The window's own settings beside the tracker's: the zoom and the element-set server.
 QString WindowSettingsPath() {
   return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + "/Norvane/Window.ini";
 }
 
+// --help and --version answer before Qt looks for a display.
+bool AnswersAtOnce(int argc, char** argv) {
+  for (int i = 1; i < argc; ++i) {
+    const std::string word = argv[i];
+    if (word == "--help" || word == "-h") {
+      std::fputs(norvane::ProgramHelpText().c_str(), stdout);
+      return true;
+    }
+    if (word == "--version") {
+      std::printf("norvane %s\n", NORVANE_VERSION);
+      return true;
+    }
+  }
+  return false;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (AnswersAtOnce(argc, argv)) return 0;
   QApplication app(argc, argv);
   QApplication::setApplicationName("Norvane");
+  // Ties the window to its menu entry and icon on the desktop.
+  QGuiApplication::setDesktopFileName("org.norvane.Norvane");
+  QApplication::setWindowIcon(QIcon::fromTheme("norvane"));
   // Numbers in texts and edits always use a decimal point, whatever the user's locale.
   std::setlocale(LC_NUMERIC, "C");
   std::vector<std::string> args;
@@ -60,7 +76,7 @@ int main(int argc, char** argv) {
     return 2;
   }
   if (options.help) {
-    std::printf("%s\n", norvane::kProgramUsage);
+    std::fputs(norvane::ProgramHelpText().c_str(), stdout);
     return 0;
   }
 
@@ -68,7 +84,7 @@ int main(int argc, char** argv) {
   const std::string folder = norvane::ProgramFolder(std::getenv("NORVANE_HOME"), dataHome);
   const QString instance = InstanceName(folder);
   if (RaiseRunningInstance(instance)) return 0;
-  if (!folder.empty()) norvane::SeedProgramFolder(folder, DataFolder());
+  if (!folder.empty()) norvane::SeedProgramFolder(folder, norvane::ProgramDataFolder());
 
   QSettings window(WindowSettingsPath(), QSettings::IniFormat);
   int zoom = window.value("zoom", 1).toInt();
