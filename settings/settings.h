@@ -2,6 +2,8 @@
 #include <cstdint>
 #include <string>
 
+#include "settings/radio_settings.h"
+
 namespace norvane {
 
 // Every persisted user setting, with the value it has before anything is loaded.
@@ -28,6 +30,8 @@ struct Settings {
   double lat = 0.9477539264057168;  // "Lat": observer latitude, radians (54.3023 N)
   double lon = 0.17670935077666988; // "Lon": observer longitude, radians (10.1247 E)
   double alt = 0.03;                // "Alt": observer altitude above sea level, km
+
+  RadioSettings radio;              // radio and rotator control, a group of its own
 };
 
 }  // namespace norvane

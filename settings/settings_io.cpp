@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "settings/radio_setting_values.h"
 #include "settings/setting_values.h"
 
 namespace norvane {
@@ -33,6 +34,10 @@ bool saveGroup(const Settings& settings, SettingsStore& store, const std::array<
 std::int32_t loadSettings(Settings& settings, SettingsStore& store) {
   if (!store.readable()) return -1;
   for (const SettingValue& value : settingValues()) {
+    const auto bytes = store.read(std::string(value.name));
+    if (bytes && bytes->size() == value.width) value.decode(settings, bytes->data());
+  }
+  for (const SettingValue& value : radioSettingValues()) {
     const auto bytes = store.read(std::string(value.name));
     if (bytes && bytes->size() == value.width) value.decode(settings, bytes->data());
   }

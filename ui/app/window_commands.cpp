@@ -49,7 +49,8 @@ bool IsDialogCommand(int command) {
     case kCmdPredict:
     case kCmdGps:
     case kCmdAbout:
-    case kCmdTime: return true;
+    case kCmdTime:
+    case kCmdRadio: return true;
     default: return false;
   }
 }

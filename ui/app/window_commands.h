@@ -28,6 +28,7 @@ enum Command : int {
   kCmdGetLast = 40052,
   kCmdGps = 40053,
   kCmdGpsView = 40054,
+  kCmdRadio = 40060,  // Edit / "Radio": radio and rotator control
 };
 
 // What the commands need from the window around them.
