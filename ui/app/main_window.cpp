@@ -330,6 +330,7 @@ std::optional<std::string> MainWindow::chooseElementFile() {
 void MainWindow::runDialog(Command command) {
   if (dialogRunner) {
     dialogRunner(command);
+    if (command == kCmdRadio) configureRadio();
     return;
   }
   SystemClock& clock = config_.systemClock != nullptr ? *config_.systemClock : *ownSystemClock_;
