@@ -5,6 +5,7 @@
 #include <fstream>
 #include <iterator>
 #include <memory>
+#include <optional>
 #include <string>
 #include <thread>
 
@@ -15,6 +16,7 @@
 #include "core/astro/julian_date.h"
 #include "core/radio/frequency_table.h"
 #include "core/radio/radio_control.h"
+#include "core/radio/radio_mode.h"
 #include "core/text/format.h"
 #include "radio/radio_link.h"
 
@@ -126,8 +128,16 @@ int runTrack(const Args& args) {
   }
   const double downlink = args.has("downlink") ? toDouble("downlink", *args.value("downlink")) : 130.0;
   const double uplink = args.has("uplink") ? toDouble("uplink", *args.value("uplink")) : 138.0;
-  control.transponder = TransponderFor(FindFrequencies(table, satellite.catnr), downlink, uplink);
+  const FrequencyEntry* entry = FindFrequencies(table, satellite.catnr);
+  control.transponder = TransponderFor(entry, downlink, uplink);
   if (args.flag("inverting")) control.transponder.inverting = true;
+  std::optional<RadioModes> modes;
+  if (const auto mode = args.value("mode")) {
+    modes = ModesFor(*mode, control.transponder.inverting);
+    if (!modes) throw InputError{"--mode: USB, LSB, CW, CWR, AM, FM, WFM, RTTY, RTTYR, PKTUSB, PKTLSB or PKTFM wanted"};
+  } else if (entry != nullptr) {
+    modes = ModesFor(entry->mode, entry->inverting);
+  }
   if (args.has("offset")) control.tuningOffsetHz = toDouble("offset", *args.value("offset"));
   control.rotator = rotatorFrom(args);
 
@@ -137,6 +147,7 @@ int runTrack(const Args& args) {
   if (args.has("rig-tolerance")) linkConfig.rigToleranceHz = toDouble("rig-tolerance", *args.value("rig-tolerance"));
   linkConfig.rotToleranceDeg = control.rotator.toleranceDeg;
   RadioLink link(linkConfig);
+  link.setModes(modes);
   link.start();
 
   std::signal(SIGINT, onSignal);
@@ -146,10 +157,10 @@ int runTrack(const Args& args) {
   const double rate = clockRate(args);
   const auto begin = std::chrono::steady_clock::now();
   for (long n = 0; interrupted == 0; ++n) {
-    const auto due = begin + std::chrono::milliseconds(static_cast<long long>(n) * periodMs);
-    std::this_thread::sleep_until(due);
+    // One update at the start and one per period after it, up to --seconds (a fixed count, whatever the load).
+    if (seconds >= 0 && static_cast<double>(n) * periodMs > seconds * 1000.0 + 1e-6) break;
+    std::this_thread::sleep_until(begin + std::chrono::milliseconds(static_cast<long long>(n) * periodMs));
     const double elapsed = std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
-    if (seconds >= 0 && elapsed > seconds + 1e-3) break;
     const ControlStep step = loop.step(startJd + elapsed * rate / 86400.0);
     link.setFrequencies(step.frequencies);
     link.setRotator(step.rotator.position);
@@ -167,6 +178,8 @@ int runTrack(const Args& args) {
     r.add("rot", linkConfig.rotator.enabled ? LinkStateText(status.rotator) : "off");
     r.print(stdout, args.json);
   }
+  // One more period lets the link send the last targets before it closes.
+  if (interrupted == 0) std::this_thread::sleep_for(std::chrono::milliseconds(periodMs + 100));
   link.stop();
   return 0;
 }
@@ -177,11 +190,11 @@ Command trackCommand() {
   return {"track",
           "track --tle FILE --index N --lat DEG --lon DEG --alt KM [--time \"YYYY-MM-DD HH:MM:SS\"] "
           "[--clock real|x1|x10|x30|x60] [--rig HOST:PORT] [--rot HOST:PORT] [--seconds S] [--period S] "
-          "[--frequencies FILE] [--downlink MHZ] [--uplink MHZ] [--inverting] [--offset HZ] "
+          "[--frequencies FILE] [--downlink MHZ] [--uplink MHZ] [--mode MODE] [--inverting] [--offset HZ] "
           "[--az-range 360|180|450] [--el-range 90|180] [--no-flip] [--min-el DEG] [--park AZ,EL] "
           "[--rig-tolerance HZ] [--rot-tolerance DEG]",
           {"tle", "index", "lat", "lon", "alt", "time", "clock", "rig", "rot", "seconds", "period", "frequencies",
-           "downlink", "uplink", "offset", "az-range", "el-range", "min-el", "park", "rig-tolerance",
+           "downlink", "uplink", "mode", "offset", "az-range", "el-range", "min-el", "park", "rig-tolerance",
            "rot-tolerance"},
           {"inverting", "no-flip"},
           runTrack,

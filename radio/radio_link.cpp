@@ -27,7 +27,8 @@ struct RadioLink::Daemon {
   Clock::time_point nextUpdate{};
   Clock::time_point retryAt{};
   int retryMs = 0;
-  bool splitOn = false;
+  std::optional<bool> split;  // the radio's split state as last set; unknown after connecting
+  std::optional<std::string> modesSent;  // "rx/tx" last sent
   std::optional<RadioFrequencies> lastSent;
   std::optional<AzEl> lastPosition;
   DaemonStatus status;
@@ -94,6 +95,11 @@ void RadioLink::setFrequencies(const RadioFrequencies& frequencies) {
   frequencies_ = frequencies;
 }
 
+void RadioLink::setModes(const std::optional<RadioModes>& modes) {
+  std::lock_guard lock(mutex_);
+  modes_ = modes;
+}
+
 void RadioLink::setRotator(const AzEl& position) {
   std::lock_guard lock(mutex_);
   rotatorTarget_ = position;
@@ -146,7 +152,8 @@ void RadioLink::run() {
 void RadioLink::fail(Daemon& d, const std::string& reason, bool dropConnection) {
   if (dropConnection) {
     d.connection.close();
-    d.splitOn = false;
+    d.split.reset();
+    d.modesSent.reset();
     d.lastSent.reset();
     d.lastPosition.reset();
   }
@@ -190,15 +197,29 @@ bool RadioLink::send(Daemon& d, const std::string& command) {
   return true;
 }
 
+// A command the radio may lack (a mode, split off): a refusal is left at that, a lost link is not.
+void RadioLink::sendOptional(Daemon& d, const std::string& command) {
+  std::string error;
+  const auto reply = d.connection.request(command, 0, config_.timeoutMs, wakeRead_, error);
+  if (!reply) {
+    fail(d, std::string(d.name) + ": " + error, true);
+    return;
+  }
+  logCommand(command);
+  if (reply->code == 0) ++d.status.commands;
+}
+
 void RadioLink::serviceRig(Daemon& d) {
   const Clock::time_point now = Clock::now();
   if (now < d.nextUpdate || now < d.retryAt) return;
   d.nextUpdate = now + std::chrono::milliseconds(std::max(d.endpoint.periodMs, 10));
   if (!ensureConnected(d)) return;
   std::optional<RadioFrequencies> target;
+  std::optional<RadioModes> modes;
   {
     std::lock_guard lock(mutex_);
     target = frequencies_;
+    modes = modes_;
   }
   bool ok = true;
   if (target) {
@@ -210,9 +231,22 @@ void RadioLink::serviceRig(Daemon& d) {
     if (rxMoved || txMoved) {
       RadioFrequencies sent = d.lastSent.value_or(RadioFrequencies{});
       if (rxMoved && (ok = send(d, format("F %.0f", rx)))) sent.rxHz = rx;
-      if (ok && tx > 0 && !d.splitOn && (ok = send(d, "S 1 VFOB"))) d.splitOn = true;
+      if (ok && tx > 0 && d.split != true && (ok = send(d, "S 1 VFOB"))) d.split = true;
       if (ok && txMoved && (ok = send(d, format("I %.0f", tx)))) sent.txHz = tx;
       if (ok) d.lastSent = sent;
+    }
+    // A receive-only channel: the transmitter back on the receive VFO.
+    if (ok && tx <= 0 && d.split != false) {
+      sendOptional(d, "S 0 VFOA");
+      d.split = false;
+    }
+    if (ok && modes && d.connection.isOpen()) {
+      const std::string key = modes->rx + "/" + (tx > 0 ? modes->tx : "");
+      if (d.modesSent != key) {
+        d.modesSent = key;
+        sendOptional(d, "M " + modes->rx + " 0");
+        if (tx > 0 && d.connection.isOpen()) sendOptional(d, "X " + modes->tx + " 0");
+      }
     }
   }
   if (!ok || !d.connection.isOpen()) return;

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "core/radio/doppler.h"
+#include "core/radio/radio_mode.h"
 #include "core/radio/rotator.h"
 
 namespace norvane {
@@ -65,6 +66,9 @@ class RadioLink {
   void stop();  // returns within a few milliseconds
 
   void setFrequencies(const RadioFrequencies& frequencies);
+  // The radio's modes; sent once per connection and whenever they change. A
+  // mode the radio refuses is not tried again.
+  void setModes(const std::optional<RadioModes>& modes);
   void setRotator(const AzEl& position);
   RadioLinkStatus status() const;
   // Commands sent since the last call, in order ("F 145800000", "P 123.4 12.0" ...).
@@ -79,6 +83,7 @@ class RadioLink {
   bool ensureConnected(Daemon& d);
   void fail(Daemon& d, const std::string& reason, bool dropConnection);
   bool send(Daemon& d, const std::string& command);
+  void sendOptional(Daemon& d, const std::string& command);
   void logCommand(const std::string& command);
 
   RadioLinkConfig config_;
@@ -91,6 +96,7 @@ class RadioLink {
   std::condition_variable changed_;
   bool stopping_ = false;
   std::optional<RadioFrequencies> frequencies_;
+  std::optional<RadioModes> modes_;
   std::optional<AzEl> rotatorTarget_;
   RadioLinkStatus status_;
   std::vector<std::string> sent_;

@@ -1,5 +1,6 @@
 #include "core/radio/pass_track.h"
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -84,7 +85,9 @@ PassTrack SampleNextPass(Propagator& propagator, const Geodetic& observer, doubl
   track.found = true;
   track.aosJd = aos;
   track.losJd = los;
-  const double step = std::max(search.stepSeconds, 1.0) * kSecond;
+  // At most a few thousand samples, also for a satellite that never sets.
+  constexpr double kMaxSamples = 2000;
+  const double step = std::max({search.stepSeconds * kSecond, kSecond, (los - aos) / kMaxSamples});
   const auto count = static_cast<long>(std::ceil((los - aos) / step));
   for (long i = 0; i <= count; ++i) {
     const double jd = i == count ? los : aos + static_cast<double>(i) * step;

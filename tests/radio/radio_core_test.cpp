@@ -13,6 +13,7 @@
 #include "core/radio/hamlib_reply.h"
 #include "core/radio/pass_track.h"
 #include "core/radio/radio_control.h"
+#include "core/radio/radio_mode.h"
 #include "core/radio/rotator.h"
 #include "tests/analysis/analysis_fixtures.h"
 
@@ -48,6 +49,12 @@ TEST(Doppler, LinearTranspondersAndBeacons) {
   EXPECT_DOUBLE_EQ(tuned.txHz, 145.93e6);
   const Transponder beacon{145.935e6, 0, false};
   EXPECT_EQ(CorrectedFrequencies(beacon, -5.0, 1e3).txHz, 0.0);
+  // Sidebands swap across an inverting transponder; unknown modes leave the radio alone.
+  EXPECT_EQ(ModesFor("USB", true)->tx, "LSB");
+  EXPECT_EQ(ModesFor("USB", false)->tx, "USB");
+  EXPECT_EQ(ModesFor("FM", true)->tx, "FM");
+  EXPECT_FALSE(ModesFor("APT", false).has_value());
+  EXPECT_FALSE(ModesFor("-", false).has_value());
 }
 
 TEST(Rotator, EachAzimuthRangePicksTheTurnInsideItsTravel) {

@@ -9,6 +9,7 @@
 
 #include <chrono>
 #include <cmath>
+#include <algorithm>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -159,8 +160,10 @@ TEST_F(RadioLinkTest, SimulatedPassReachesTheDummyRadioAndRotator) {
   EXPECT_EQ(status.rotator.state, LinkState::Connected);
   ASSERT_TRUE(status.rotatorPosition.has_value());
   const auto sent = link.takeSentCommands();
-  ASSERT_FALSE(sent.empty());
-  EXPECT_EQ(sent.front().substr(0, 2), "F ");
+  for (const char* kind : {"F ", "I ", "P "}) {
+    EXPECT_TRUE(std::any_of(sent.begin(), sent.end(), [&](const std::string& c) { return c.rfind(kind, 0) == 0; }))
+        << kind;
+  }
 }
 
 TEST_F(RadioLinkTest, DaemonKilledMidPassIsPickedUpWhenItReturns) {
@@ -181,6 +184,36 @@ TEST_F(RadioLinkTest, DaemonKilledMidPassIsPickedUpWhenItReturns) {
     const auto rx = rig.query("f", 1);
     return link.status().rig.state == LinkState::Connected && rx && (*rx)[0] == 145.802e6;
   }, 5s));
+}
+
+TEST_F(RadioLinkTest, SplitAndModesFollowTheChannel) {
+  Daemon rig("rigctld", testing::FreeLoopbackPort());
+  RadioLinkConfig config = fastConfig();
+  config.rig = {true, "127.0.0.1", rig.port(), 50};
+  RadioLink link(config);
+  std::vector<std::string> sent;
+  const auto sentSoFar = [&] {
+    for (std::string& c : link.takeSentCommands()) sent.push_back(c);
+    return sent;
+  };
+  const auto wasSent = [&](const std::string& c) {
+    const auto all = sentSoFar();
+    return std::find(all.begin(), all.end(), c) != all.end();
+  };
+  link.setModes(ModesFor("USB", true));
+  link.setFrequencies({435.85e6, 145.95e6});  // an inverting linear transponder
+  link.start();
+  EXPECT_TRUE(WaitUntil([&] { return wasSent("X LSB 0"); }, 3s));
+  const auto tx = rig.query("i", 1);
+  ASSERT_TRUE(tx.has_value());
+  EXPECT_EQ((*tx)[0], 145.95e6);
+  link.setModes(ModesFor("FM", false));
+  link.setFrequencies({145.8e6, 0});  // receive only: split off again
+  EXPECT_TRUE(WaitUntil([&] { return wasSent("M FM 0"); }, 3s));
+  for (const char* c : {"F 435850000", "S 1 VFOB", "I 145950000", "M USB 0", "F 145800000", "S 0 VFOA"}) {
+    EXPECT_TRUE(wasSent(c)) << c;
+  }
+  EXPECT_FALSE(wasSent("X FM 0"));
 }
 
 TEST_F(RadioLinkTest, RefusedCommandIsReportedAndTheNextOneGoesThrough) {

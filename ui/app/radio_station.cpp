@@ -1,8 +1,10 @@
 #include "ui/app/radio_station.h"
 
 #include <algorithm>
+#include <cmath>
 #include <fstream>
 
+#include "core/radio/radio_mode.h"
 #include "core/text/format.h"
 
 namespace norvane {
@@ -33,7 +35,11 @@ bool SameTransponder(const Transponder& a, const Transponder& b) {
   return a.downlinkHz == b.downlinkHz && a.uplinkHz == b.uplinkHz && a.inverting == b.inverting;
 }
 
-bool SamePlace(const Geodetic& a, const Geodetic& b) { return a.lat == b.lat && a.lon == b.lon && a.alt == b.alt; }
+// Within about 100 m: a GPS fix that wanders a little keeps the pass plan.
+bool SamePlace(const Geodetic& a, const Geodetic& b) {
+  constexpr double kRadians = 1.6e-5;
+  return std::fabs(a.lat - b.lat) < kRadians && std::fabs(a.lon - b.lon) < kRadians && std::fabs(a.alt - b.alt) < 0.1;
+}
 
 }  // namespace
 
@@ -95,8 +101,8 @@ void RadioStation::update(const StationInput& in) {
     last_.reset();
     return;
   }
-  const Transponder transponder =
-      TransponderFor(FindFrequencies(table_, in.satellite->catnr), in.downlinkMHz, in.uplinkMHz);
+  const FrequencyEntry* entry = FindFrequencies(table_, in.satellite->catnr);
+  const Transponder transponder = TransponderFor(entry, in.downlinkMHz, in.uplinkMHz);
   if (!control_ || controlCatnr_ != in.satellite->catnr || !SamePlace(controlObserver_, in.observer) ||
       !SameTransponder(controlTransponder_, transponder) || controlFamily_ != in.family) {
     RadioControlConfig config;
@@ -110,6 +116,7 @@ void RadioStation::update(const StationInput& in) {
     controlFamily_ = in.family;
   }
   last_ = control_->step(in.jd);
+  link_->setModes(entry != nullptr ? ModesFor(entry->mode, entry->inverting) : std::nullopt);
   link_->setFrequencies(last_->frequencies);
   link_->setRotator(last_->rotator.position);
   link_->takeSentCommands();  // the window shows states, not the command log
