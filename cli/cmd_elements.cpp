@@ -29,12 +29,14 @@ Record satelliteRecord(int slot, const Satellite& sat) {
 
 int runElements(const Args& args) {
   std::string message;
-  const auto catalogue = catalogueFrom(args, &message);
+  ElementLoad load;
+  const auto catalogue = catalogueFrom(args, &message, &load);
   for (int slot = 0; slot < catalogue->satelliteCount; ++slot) {
     satelliteRecord(slot, catalogue->satellites[static_cast<std::size_t>(slot)]).print(stdout, args.json);
   }
   Record summary;
   summary.add("count", catalogue->satelliteCount).add("message", message);
+  summary.add("format", elementFormatName(load.format)).add("skipped", load.skipped);
   summary.print(stdout, args.json);
   return 0;
 }

@@ -2,8 +2,11 @@
 
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <cstdio>
+#include <memory>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "cli/command.h"
@@ -83,6 +86,17 @@ Record gpsRecord(const GpsData& g) {
   return r;
 }
 
+// A device that hung up (a receiver unplugged, gpsd restarted) is opened
+// again as the reader thread does, as often as it takes.
+std::unique_ptr<GpsPort> ReopenAfterHangUp(const std::string& device, int baud, std::unique_ptr<GpsPort> gone) {
+  gone.reset();
+  std::string message;
+  for (;;) {
+    if (std::unique_ptr<GpsPort> port = OpenGpsPort(device, device, baud, message)) return port;
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+  }
+}
+
 int runNmea(const Args& args) {
   const NmeaWanted wanted = args.has("wanted") ? parseWanted(*args.value("wanted")) : kNmeaWantAll;
   const NmeaOptions options{args.flag("accept-gn")};
@@ -99,9 +113,12 @@ int runNmea(const Args& args) {
     const std::string device = *args.value("device");
     const int baud = args.has("baud") ? requiredInt(args, "baud") : 4800;
     std::string message;
-    const auto port = OpenGpsPort(device, device, baud, message);
+    std::unique_ptr<GpsPort> port = OpenGpsPort(device, device, baud, message);
     if (!port) throw InputError{message};
-    while (!port->broken() && cycles != limit) cycle(*port);
+    while (cycles != limit) {
+      if (port->broken()) port = ReopenAfterHangUp(device, baud, std::move(port));
+      cycle(*port);
+    }
   } else {
     InputBytes input;
     while (input.more() && cycles != limit) cycle(input);

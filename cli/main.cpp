@@ -11,7 +11,8 @@ void printHelp(std::FILE* out) {
   std::fputs(
       "usage: norvane-cli [--json] SUBCOMMAND [OPTIONS]\n"
       "Runs the tracker's computations without a screen. Options take their value as\n"
-      "the next argument; --json prints one JSON object per line.\n\nsubcommands:\n",
+      "the next argument; --json prints one JSON object per line.\n"
+      "A --tle FILE may hold element lines, OMM CSV or OMM JSON.\n\nsubcommands:\n",
       out);
   for (const Command& c : commands()) std::fprintf(out, "  %s\n", c.usage.c_str());
 }

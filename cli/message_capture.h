@@ -16,6 +16,7 @@ class MessageCapture : public MessageSink {
       errors.push_back(text);
     } else {
       information = text;
+      notes.push_back(text);
     }
   }
   // Writes every error text on its own line to stderr.
@@ -25,6 +26,7 @@ class MessageCapture : public MessageSink {
 
   std::vector<std::string> errors;
   std::string information;
+  std::vector<std::string> notes;  // every information text, in order
 };
 
 }  // namespace norvane::cli

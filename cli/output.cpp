@@ -10,21 +10,59 @@ std::string formatNumber(const char* format, double value) {
   std::snprintf(buffer, sizeof buffer, format, value);
   return buffer;
 }
+
+// Length of the well-formed UTF-8 sequence at text[i], or 0 when the bytes
+// there are not one (overlong forms, surrogates and values past U+10FFFF
+// included).
+std::size_t utf8SequenceAt(std::string_view text, std::size_t i) {
+  const auto byte = [&](std::size_t k) { return static_cast<unsigned char>(text[k]); };
+  const unsigned char lead = byte(i);
+  std::size_t length = 0;
+  unsigned char low = 0x80, high = 0xBF;  // range of the second byte
+  if (lead >= 0xC2 && lead <= 0xDF) {
+    length = 2;
+  } else if (lead >= 0xE0 && lead <= 0xEF) {
+    length = 3;
+    if (lead == 0xE0) low = 0xA0;
+    if (lead == 0xED) high = 0x9F;
+  } else if (lead >= 0xF0 && lead <= 0xF4) {
+    length = 4;
+    if (lead == 0xF0) low = 0x90;
+    if (lead == 0xF4) high = 0x8F;
+  } else {
+    return 0;
+  }
+  if (i + length > text.size()) return 0;
+  if (byte(i + 1) < low || byte(i + 1) > high) return 0;
+  for (std::size_t k = 2; k < length; ++k) {
+    if (byte(i + k) < 0x80 || byte(i + k) > 0xBF) return 0;
+  }
+  return length;
+}
+
 }  // namespace
 
 std::string jsonString(std::string_view text) {
   std::string out = "\"";
-  for (const char ch : text) {
-    const auto c = static_cast<unsigned char>(ch);
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const auto c = static_cast<unsigned char>(text[i]);
     if (c == '"' || c == '\\') {
       out += '\\';
-      out += ch;
-    } else if (c < 0x20 || c >= 0x7f) {
+      out += text[i];
+    } else if (c < 0x20 || c == 0x7f) {
       char escaped[8];
       std::snprintf(escaped, sizeof escaped, "\\u%04x", c);
       out += escaped;
+    } else if (c < 0x80) {
+      out += text[i];
+    } else if (const std::size_t n = utf8SequenceAt(text, i); n != 0) {
+      out.append(text.substr(i, n));  // JSON is UTF-8: the sequence goes out as it is
+      i += n - 1;
     } else {
-      out += ch;
+      // A byte of 8-bit text (an element file's name line) is read as Latin-1.
+      char escaped[8];
+      std::snprintf(escaped, sizeof escaped, "\\u%04x", c);
+      out += escaped;
     }
   }
   return out + "\"";
@@ -54,6 +92,12 @@ Record& Record::add(std::string key, const std::vector<std::string>& texts) {
 
 Record& Record::add(std::string key, int value) {
   std::string text = std::to_string(value);
+  fields_.push_back({std::move(key), text, text});
+  return *this;
+}
+
+Record& Record::addBool(std::string key, bool value) {
+  const std::string text = value ? "true" : "false";
   fields_.push_back({std::move(key), text, text});
   return *this;
 }

@@ -16,6 +16,8 @@ class Record {
   Record& add(std::string key, int value);
   Record& add(std::string key, std::string_view text);
   Record& add(std::string key, const char* text) { return add(std::move(key), std::string_view(text)); }
+  // true or false, in JSON and in text alike.
+  Record& addBool(std::string key, bool value);
   // A list of numbers: a JSON array, or the numbers separated by blanks.
   Record& add(std::string key, std::span<const double> values);
   // A list of texts: a JSON array of strings, or the texts separated by "; ".
@@ -33,7 +35,8 @@ class Record {
   std::vector<Field> fields_;
 };
 
-// A string as a JSON literal; bytes outside printable ASCII become \u00XX.
+// A string as a JSON literal. Well-formed UTF-8 passes as it is; control
+// characters, and bytes that are not UTF-8 (read as Latin-1), become \u00XX.
 std::string jsonString(std::string_view text);
 
 }  // namespace norvane::cli

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "download/http_client.h"
+#include "download/element_source.h"
 #include "download/http_timeouts.h"
 
 namespace norvane {
@@ -14,7 +15,7 @@ std::unique_ptr<HttpClient> makePlatformHttpClient(const HttpTimeouts& timeouts 
 // The user's documents folder, where downloaded element files are kept.
 std::string documentsFolder();
 
-// The element-set server used when none is configured.
-inline constexpr const char* kDefaultElementServer = "https://celestrak.org";
+// The program folder: NORVANE_HOME when set, else "Norvane" in the user's data folder.
+std::string programFolder();
 
 }  // namespace norvane

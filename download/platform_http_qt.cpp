@@ -16,4 +16,10 @@ std::string documentsFolder() {
   return folder.toStdString();
 }
 
+std::string programFolder() {
+  const QByteArray home = qgetenv("NORVANE_HOME");
+  if (!home.isEmpty()) return home.toStdString();
+  return (QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/Norvane").toStdString();
+}
+
 }  // namespace norvane

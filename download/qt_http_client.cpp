@@ -7,6 +7,7 @@
 #include <QNetworkRequest>
 #include <QTimer>
 #include <QUrl>
+#include <algorithm>
 
 namespace norvane {
 
@@ -16,14 +17,19 @@ int statusOf(const QNetworkReply& reply) {
   return reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
 }
 
-bool isFinalAnswer(int status) { return status >= 200 && status < 300; }
+bool isSuccess(int status) { return status >= 200 && status < 300; }
+// 304 and 400 or more: answers a caller may want to judge itself.
+bool isReportable(int status) { return status == 304 || status >= 400; }
 
-QNetworkRequest requestFor(const QUrl& url, const QString& userAgent) {
+QNetworkRequest requestFor(const HttpRequest& wanted, const QUrl& url, const QString& userAgent) {
   QNetworkRequest request(url);
   request.setHeader(QNetworkRequest::UserAgentHeader, userAgent);
   request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::NoLessSafeRedirectPolicy);
   request.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
   request.setAttribute(QNetworkRequest::CacheSaveControlAttribute, false);
+  for (const auto& [name, value] : wanted.headers) {
+    request.setRawHeader(QByteArray::fromStdString(name), QByteArray::fromStdString(value));
+  }
   return request;
 }
 
@@ -32,30 +38,38 @@ bool usableUrl(const QUrl& url) {
   return url.isValid() && !url.host().isEmpty() && (scheme == "http" || scheme == "https");
 }
 
-// One reply followed to its end, its byte limit or a time-out.
+std::string header(const QNetworkReply& reply, const char* name) {
+  return reply.rawHeader(name).toStdString();
+}
+
+// One reply followed to its end, its byte limit, a time-out or a cancel.
 struct Fetch {
   QNetworkReply& reply;
-  std::size_t maxBytes;
+  const HttpRequest& request;
   QByteArray body;
-  bool answered = false;  // a 2xx status arrived
+  bool answered = false;  // a final status arrived
+  bool finished = false;
   bool timedOut = false;
-  bool full = false;
+  bool cancelled = false;
+  bool full = false;      // more than maxBytes arrived
 
   void take() {
-    const auto room = static_cast<qint64>(maxBytes) - body.size();
+    // One byte beyond the limit tells a body that goes on from one that just fits.
+    const auto room = static_cast<qint64>(request.maxBytes) + 1 - body.size();
     if (room > 0) body += reply.read(room);
-    if (static_cast<std::size_t>(body.size()) >= maxBytes) full = true;
+    if (static_cast<std::size_t>(body.size()) > request.maxBytes) full = true;
+    if (request.progress) request.progress(static_cast<std::size_t>(body.size()));
   }
 };
 
-void runUntilDone(Fetch& fetch, const HttpTimeouts& timeouts) {
-  QEventLoop loop;
+void runUntilDone(Fetch& fetch, QEventLoop& loop, const HttpTimeouts& timeouts) {
   QTimer stall;
   QTimer total;
   stall.setSingleShot(true);
   total.setSingleShot(true);
   QObject::connect(&fetch.reply, &QNetworkReply::metaDataChanged, &loop, [&] {
-    if (isFinalAnswer(statusOf(fetch.reply))) fetch.answered = true;
+    const int status = statusOf(fetch.reply);
+    if (isSuccess(status) || isReportable(status)) fetch.answered = true;
     if (fetch.answered) stall.start(timeouts.idleMs);
   });
   QObject::connect(&fetch.reply, &QIODevice::readyRead, &loop, [&] {
@@ -63,7 +77,10 @@ void runUntilDone(Fetch& fetch, const HttpTimeouts& timeouts) {
     fetch.take();
     if (fetch.full) loop.quit();
   });
-  QObject::connect(&fetch.reply, &QNetworkReply::finished, &loop, &QEventLoop::quit);
+  QObject::connect(&fetch.reply, &QNetworkReply::finished, &loop, [&] {
+    fetch.finished = true;
+    loop.quit();
+  });
   const auto expire = [&] {
     fetch.timedOut = true;
     loop.quit();
@@ -72,20 +89,32 @@ void runUntilDone(Fetch& fetch, const HttpTimeouts& timeouts) {
   QObject::connect(&total, &QTimer::timeout, &loop, expire);
   stall.start(timeouts.responseMs);
   total.start(timeouts.totalMs);
-  if (!fetch.reply.isFinished()) loop.exec();
+  if (fetch.reply.isFinished()) {
+    fetch.finished = true;
+  } else {
+    loop.exec();
+  }
   QObject::disconnect(&fetch.reply, nullptr, &loop, nullptr);
 }
 
 HttpOutcome outcomeOf(Fetch& fetch) {
-  if (fetch.full) return HttpOutcome::Received;
-  if (fetch.timedOut) return fetch.answered ? HttpOutcome::ReadFailed : HttpOutcome::NoConnection;
+  // The loop also ends when the application quits (every event loop is left
+  // then): a body cut off that way is never handed on as if it were whole.
+  if (fetch.cancelled || (!fetch.finished && !fetch.full && !fetch.timedOut)) return HttpOutcome::Cancelled;
   const int status = statusOf(fetch.reply);
-  if (fetch.reply.error() == QNetworkReply::NoError && isFinalAnswer(status)) {
+  if (fetch.full) return isSuccess(status) ? HttpOutcome::Received : HttpOutcome::Status;
+  if (fetch.timedOut) return fetch.answered ? HttpOutcome::ReadFailed : HttpOutcome::NoConnection;
+  if (fetch.reply.error() == QNetworkReply::OperationCanceledError) return HttpOutcome::Cancelled;
+  if (fetch.reply.error() == QNetworkReply::NoError && isSuccess(status)) {
     fetch.take();
     return HttpOutcome::Received;
   }
+  if (fetch.answered && isReportable(status)) {
+    fetch.take();
+    return HttpOutcome::Status;
+  }
   // An answer that broke off is a read failure; anything before it a failed connection.
-  return isFinalAnswer(status) && fetch.answered ? HttpOutcome::ReadFailed : HttpOutcome::NoConnection;
+  return isSuccess(status) && fetch.answered ? HttpOutcome::ReadFailed : HttpOutcome::NoConnection;
 }
 
 }  // namespace
@@ -109,17 +138,39 @@ bool QtHttpClient::open(const std::string& userAgent) {
   return true;
 }
 
-HttpResponse QtHttpClient::get(const std::string& url, std::size_t maxBytes) {
+HttpResponse QtHttpClient::fetch(const HttpRequest& request) {
   HttpResponse response;
-  const QUrl target(QString::fromStdString(url), QUrl::StrictMode);
+  const QUrl target(QString::fromStdString(request.url), QUrl::StrictMode);
   if (!manager_ || !usableUrl(target)) return response;
-  std::unique_ptr<QNetworkReply> reply(manager_->get(requestFor(target, userAgent_)));
-  Fetch fetch{*reply, maxBytes, {}};
-  runUntilDone(fetch, timeouts_);
+  std::unique_ptr<QNetworkReply> reply(manager_->get(requestFor(request, target, userAgent_)));
+  Fetch fetch{*reply, request, {}};
+  QEventLoop loop;
+  cancelFlag_ = &fetch.cancelled;
+  activeLoop_ = &loop;
+  runUntilDone(fetch, loop, timeouts_);
+  cancelFlag_ = nullptr;
+  activeLoop_ = nullptr;
   response.outcome = outcomeOf(fetch);
   if (!reply->isFinished()) reply->abort();
-  if (response.outcome == HttpOutcome::Received) response.body.assign(fetch.body.constData(), static_cast<std::size_t>(fetch.body.size()));
+  response.status = statusOf(*reply);
+  if (response.outcome == HttpOutcome::Received || response.outcome == HttpOutcome::Status) {
+    response.truncated = fetch.full;
+    const auto kept = std::min(static_cast<std::size_t>(fetch.body.size()), request.maxBytes);
+    response.body.assign(fetch.body.constData(), kept);
+    response.contentType = header(*reply, "Content-Type");
+    response.lastModified = header(*reply, "Last-Modified");
+    response.etag = header(*reply, "ETag");
+    response.retryAfter = header(*reply, "Retry-After");
+  }
+  // Without keepStatus a refusal counts as a failed connection.
+  if (response.outcome == HttpOutcome::Status && !request.keepStatus) response = HttpResponse{};
   return response;
+}
+
+void QtHttpClient::cancel() {
+  if (activeLoop_ == nullptr) return;
+  *cancelFlag_ = true;
+  activeLoop_->quit();
 }
 
 }  // namespace norvane

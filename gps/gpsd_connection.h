@@ -8,6 +8,8 @@
 namespace norvane {
 
 inline constexpr const char* kGpsdScheme = "gpsd://";
+// gpsd on this machine at its usual port.
+inline constexpr const char* kDefaultGpsdAddress = "gpsd://localhost:2947";
 // Sent on connecting: gpsd then relays the receiver's sentences unchanged.
 inline constexpr const char* kGpsdWatchNmea = "?WATCH={\"enable\":true,\"nmea\":true}\n";
 

@@ -9,25 +9,11 @@
 
 #include <cerrno>
 
+#include "gps/line_speed.h"
 #include "gps/timed_read.h"
 
 namespace norvane {
 namespace {
-
-speed_t SpeedOf(int rate) {
-  switch (rate) {
-    case 600: return B600;
-    case 1200: return B1200;
-    case 2400: return B2400;
-    case 4800: return B4800;
-    case 9600: return B9600;
-    case 19200: return B19200;
-    case 38400: return B38400;
-    case 57600: return B57600;
-    case 115200: return B115200;
-    default: return B0;  // 14400 and 56000 have no terminal speed here
-  }
-}
 
 class SerialLine final : public GpsPort {
  public:
@@ -43,14 +29,12 @@ class SerialLine final : public GpsPort {
 
   bool setLineSettings(int rate) override {
     termios t{};
-    const speed_t speed = SpeedOf(rate);
-    if (speed == B0 || ::tcgetattr(fd_, &t) != 0) return false;
+    if (rate <= 0 || ::tcgetattr(fd_, &t) != 0) return false;
     ::cfmakeraw(&t);
     t.c_cflag &= ~static_cast<tcflag_t>(CSIZE | PARENB | CSTOPB | CRTSCTS);
     t.c_cflag |= CS8 | CREAD | CLOCAL;
     t.c_iflag &= ~static_cast<tcflag_t>(IXON | IXOFF | IXANY | INPCK);
-    if (::cfsetispeed(&t, speed) != 0 || ::cfsetospeed(&t, speed) != 0) return false;
-    if (::tcsetattr(fd_, TCSANOW, &t) != 0) return false;
+    if (::tcsetattr(fd_, TCSANOW, &t) != 0 || !SetLineSpeed(fd_, rate)) return false;
     int lines = TIOCM_DTR | TIOCM_RTS;
     (void)::ioctl(fd_, TIOCMBIS, &lines);  // a pseudo-terminal has no modem lines
     return true;
@@ -65,13 +49,7 @@ class SerialLine final : public GpsPort {
     return ::tcsetattr(fd_, TCSANOW, &t) == 0;
   }
 
-  bool setRateOnly(int rate) override {
-    termios t{};
-    const speed_t speed = SpeedOf(rate);
-    if (speed == B0 || ::tcgetattr(fd_, &t) != 0) return false;
-    if (::cfsetispeed(&t, speed) != 0 || ::cfsetospeed(&t, speed) != 0) return false;
-    return ::tcsetattr(fd_, TCSANOW, &t) == 0;
-  }
+  bool setRateOnly(int rate) override { return SetLineSpeed(fd_, rate); }
 
   bool broken() const override { return broken_; }
 

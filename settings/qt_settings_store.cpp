@@ -1,19 +1,26 @@
 #include "settings/qt_settings_store.h"
 
-#include <QByteArray>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
-#include <QSettings>
 #include <QStandardPaths>
-#include <QVariant>
+
+#include "core/platform/atomic_file.h"
+#include "settings/settings_ini.h"
 
 namespace norvane {
 
 namespace {
 
-const QString kGroup = QStringLiteral("Software/Norvane/");
-
-QString keyOf(const std::string& name) { return kGroup + QString::fromStdString(name); }
+// The file's values; nothing when it exists but cannot be read. A missing file holds no values.
+std::optional<StoredValues> ReadValues(const QString& path) {
+  QFile file(path);
+  if (!file.exists()) return StoredValues{};
+  if (!file.open(QIODevice::ReadOnly)) return std::nullopt;
+  const QByteArray text = file.readAll();
+  if (file.error() != QFileDevice::NoError) return std::nullopt;
+  return ParseSettingsIni(std::string_view(text.constData(), static_cast<std::size_t>(text.size())));
+}
 
 }  // namespace
 
@@ -24,32 +31,24 @@ QString QtSettingsStore::defaultPath() {
          QStringLiteral("/Norvane/Norvane.ini");
 }
 
-bool QtSettingsStore::readable() {
-  const QSettings settings(path_, QSettings::IniFormat);
-  return settings.status() == QSettings::NoError;
-}
+bool QtSettingsStore::readable() { return ReadValues(path_).has_value(); }
 
 std::optional<SettingBytes> QtSettingsStore::read(const std::string& name) {
-  const QSettings settings(path_, QSettings::IniFormat);
-  if (settings.status() != QSettings::NoError) return std::nullopt;
-  const QVariant value = settings.value(keyOf(name));
-  // Only values written as bytes count; a text that a damaged file left is ignored.
-  if (value.typeId() != QMetaType::QByteArray) return std::nullopt;
-  const QByteArray bytes = value.toByteArray();
-  return SettingBytes(bytes.begin(), bytes.end());
+  const std::optional<StoredValues> values = ReadValues(path_);
+  if (!values) return std::nullopt;
+  const auto it = values->find(name);
+  if (it == values->end()) return std::nullopt;
+  return it->second;
 }
 
 bool QtSettingsStore::write(std::span<const NamedSetting> values) {
-  QDir().mkpath(QFileInfo(path_).absolutePath());
-  QSettings settings(path_, QSettings::IniFormat);
-  // A file that could not be parsed is rewritten from what was readable plus this group.
-  settings.setAtomicSyncRequired(true);
-  for (const NamedSetting& v : values) {
-    settings.setValue(keyOf(v.name), QByteArray(reinterpret_cast<const char*>(v.bytes.data()),
-                                                static_cast<qsizetype>(v.bytes.size())));
-  }
-  settings.sync();
-  return settings.status() != QSettings::AccessError;
+  // The file is written whole from the values that could be read plus this
+  // group, so damaged lines do not survive a save.
+  std::optional<StoredValues> stored = ReadValues(path_);
+  if (!stored) return false;
+  for (const NamedSetting& v : values) (*stored)[v.name] = v.bytes;
+  if (!QDir().mkpath(QFileInfo(path_).absolutePath())) return false;
+  return writeFileAtomically(QFile::encodeName(path_).toStdString(), SettingsIniText(*stored));
 }
 
 }  // namespace norvane

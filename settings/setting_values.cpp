@@ -1,5 +1,6 @@
 #include "settings/setting_values.h"
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <type_traits>
@@ -49,6 +50,30 @@ void decodeLastOpen(Settings& s, const std::uint8_t* bytes) {
   s.lastOpen = decodeWidePath(bytes, kWidePathBytes);
 }
 
+// The port map as its text (one device per line, COM1: first), zero after
+// it; a map too long to fit keeps the lines that fit whole.
+SettingBytes encodeGpsDevices(const Settings& s) {
+  SettingBytes out(kGpsDevicesBytes, 0);
+  std::size_t used = 0;
+  for (std::size_t i = 1; i < s.gpsDevices.devices.size(); ++i) {
+    std::string line;
+    for (const char c : s.gpsDevices.devices[i]) {
+      if (c != '\n' && c != '\0') line.push_back(c);
+    }
+    line.push_back('\n');
+    if (used + line.size() > kGpsDevicesBytes - 1) break;
+    std::copy(line.begin(), line.end(), out.begin() + static_cast<std::ptrdiff_t>(used));
+    used += line.size();
+  }
+  return out;
+}
+
+void decodeGpsDevices(Settings& s, const std::uint8_t* bytes) {
+  std::size_t length = 0;
+  while (length < kGpsDevicesBytes && bytes[length] != 0) ++length;
+  s.gpsDevices = GpsPortMapFromText(std::string(reinterpret_cast<const char*>(bytes), length));
+}
+
 constexpr std::array kValues = {
     scalar<&Settings::lat>("Lat"),
     scalar<&Settings::lon>("Lon"),
@@ -58,6 +83,7 @@ constexpr std::array kValues = {
     scalar<&Settings::gpsSpeed>("GPSSpeed"),
     scalar<&Settings::gpsCompass>("GPSCompass"),
     scalar<&Settings::gpsAcceptGN>("GPSAcceptGN"),
+    SettingValue{"GPSDevices", static_cast<std::uint32_t>(kGpsDevicesBytes), encodeGpsDevices, decodeGpsDevices},
     scalar<&Settings::snToNs>("SNtoNS"),
     scalar<&Settings::starsMag>("Stars_Mag"),
     scalar<&Settings::satPredictMag>("SatPredictMag"),

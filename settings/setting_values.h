@@ -13,9 +13,12 @@ namespace norvane {
 struct SettingValue {
   std::string_view name;
   std::uint32_t width;
-  SettingBytes (*encode)(const Settings& settings);
+  SettingBytes (*encode)(const Settings& settings);  // always width bytes
   void (*decode)(Settings& settings, const std::uint8_t* bytes);  // bytes holds width bytes
 };
+
+// Width of "GPSDevices": nine paths of up to 259 bytes, each ended by a line feed, then a zero.
+inline constexpr std::size_t kGpsDevicesBytes = 9 * 260;
 
 // Every value in the order the load reads them.
 std::span<const SettingValue> settingValues();

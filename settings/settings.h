@@ -1,6 +1,7 @@
 #pragma once
 #include <cstdint>
 #include <string>
+#include "gps/port_tables.h"
 
 #include "settings/radio_settings.h"
 
@@ -13,6 +14,7 @@ struct Settings {
   std::int32_t gpsSpeed = 0;        // "GPSSpeed": index into the baud table (0 = 600)
   std::int32_t gpsCompass = 1;      // "GPSCompass": 1 = "Auto Compass"
   std::int32_t gpsAcceptGN = 0;     // "GPSAcceptGN": 1 = decode "$GN" sentences like "$GP" ones
+  GpsPortMap gpsDevices;            // "GPSDevices": the device or gpsd address of COM1: ... COM9:
   std::int32_t snToNs = 0;          // "SNtoNS": 1 = north-south swap of the sky view
   std::int16_t starsMag = 5;        // "Stars_Mag": faintest star magnitude drawn, 0-5
   std::int32_t satPredictMag = 20;  // "SatPredictMag": magnitude limit of the pass search, 0-20

@@ -1,5 +1,6 @@
 #include "settings/settings_io.h"
 
+#include <algorithm>
 #include <array>
 #include <string_view>
 #include <vector>
@@ -11,7 +12,8 @@ namespace norvane {
 
 namespace {
 
-constexpr std::array<std::string_view, 4> kGpsGroup = {"GPSPort", "GPSSpeed", "GPSCompass", "GPSAcceptGN"};
+constexpr std::array<std::string_view, 5> kGpsGroup = {"GPSPort", "GPSSpeed", "GPSCompass", "GPSAcceptGN",
+                                                       "GPSDevices"};
 constexpr std::array<std::string_view, 12> kSettingsGroup = {
     "SNtoNS",  "Stars_Mag", "SatPredictMag", "SatPredictVisible", "flag_refraction", "uplink",
     "downlink", "flares",   "s4_s8",         "Flag_planets",      "Flag_colors",     "Sat_Display"};
@@ -31,16 +33,19 @@ bool saveGroup(const Settings& settings, SettingsStore& store, const std::array<
 
 }  // namespace
 
+void LoadValue(const SettingValue& value, Settings& settings, SettingsStore& store) {
+  const auto bytes = store.read(std::string(value.name));
+  if (!bytes || bytes->empty() || bytes->size() > value.width) return;
+  // A shorter value fills the field's first bytes; the rest keep what they held.
+  SettingBytes field = value.encode(settings);
+  std::copy(bytes->begin(), bytes->end(), field.begin());
+  value.decode(settings, field.data());
+}
+
 std::int32_t loadSettings(Settings& settings, SettingsStore& store) {
   if (!store.readable()) return -1;
-  for (const SettingValue& value : settingValues()) {
-    const auto bytes = store.read(std::string(value.name));
-    if (bytes && bytes->size() == value.width) value.decode(settings, bytes->data());
-  }
-  for (const SettingValue& value : radioSettingValues()) {
-    const auto bytes = store.read(std::string(value.name));
-    if (bytes && bytes->size() == value.width) value.decode(settings, bytes->data());
-  }
+  for (const SettingValue& value : settingValues()) LoadValue(value, settings, store);
+  for (const SettingValue& value : radioSettingValues()) LoadValue(value, settings, store);
   return settings.city;
 }
 

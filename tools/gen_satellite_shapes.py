@@ -15,9 +15,14 @@ Selection rule (reproducible, gives exactly 1778 records):
      no sizes, brightest first (smallest standard magnitude; equal ones by
      catalogue number), until it holds 1778 records together with the three
      added rows of step 4, so the satellites people watch most are in it.
-     Their length, width and depth are 0 (no sizes known).
+     No sizes are known for them, so they take the unknown-shape placeholder
+     (0.2, 0, 0) too, and the information page says "Shape not know." rather
+     than calling them spheres of radius 0. A row with a published size of its
+     own (KNOWN_SIZES) takes that size instead.
   4. The rows the program's design names are used exactly as named: 5, 11, 12
      and 163 replace the file's values, and 90036, 90037 and 90038 are added.
+Every record therefore has a length of at least 0.2 m: a length of 0 never
+occurs.
 The sixth value is the radar cross-section (columns 51-55, blank read as 0).
 The records are sorted ascending on the catalogue number.
 """
@@ -34,6 +39,12 @@ NAMED = {
     90036: (4.0, 0.0, 0.0, 4.0, 10.0),
     90037: (4.0, 0.0, 0.0, 4.0, 10.0),
     90038: (4.0, 0.0, 0.0, 4.0, 10.0),
+}
+# Published outer dimensions (length, width, depth in m) of satellites the
+# size file lists without sizes. ISS: 109 m along the truss, 73 m along the
+# pressurised modules, 20 m high.
+KNOWN_SIZES = {
+    25544: (109.0, 73.0, 20.0),
 }
 
 
@@ -71,12 +82,13 @@ def build(rows):
     added = [c for c in NAMED if c not in table and c not in {r[0] for r in rows}]
     fill = TABLE_SIZE - len(table) - len(added)
     for catnr, magnitude, _, rcs in unsized[:fill]:
-        table[catnr] = (0.0, 0.0, 0.0, magnitude, rcs)
+        table[catnr] = KNOWN_SIZES.get(catnr, PLACEHOLDER) + (magnitude, rcs)
     table.update(NAMED)
     records = sorted(table.items())
-    placeholders = [c for c, v in records if v[:3] == PLACEHOLDER]
-    if len(records) != TABLE_SIZE or len(placeholders) != 5 or records[0][0] != 5:
-        sys.exit(f"selection gave {len(records)} records, placeholders {placeholders}")
+    if len(records) != TABLE_SIZE or records[0][0] != 5:
+        sys.exit(f"selection gave {len(records)} records starting at {records[0][0]}")
+    if any(v[0] < PLACEHOLDER[0] for _, v in records):
+        sys.exit("a record without a length")
     if [c for c, _ in records[-3:]] != [90036, 90037, 90038]:
         sys.exit("90036-90038 are not the last rows")
     return records

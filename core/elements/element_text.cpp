@@ -4,6 +4,8 @@
 
 #include "core/elements/element_parser.h"
 #include "core/elements/line_reader.h"
+#include "core/elements/omm_csv.h"
+#include "core/elements/omm_json.h"
 
 namespace norvane {
 
@@ -17,11 +19,14 @@ std::uint32_t usableLength(std::string_view text) {
       text.size() < kRewindLength ? text.size() : kRewindLength - 1);
   return length / kEntryBufferBytes >= kCatalogueSlots ? kLongTextLength : length;
 }
-}  // namespace
 
-int loadElementText(Catalogue& catalogue, std::string_view text) {
-  catalogue.satelliteCount = 0;
-  catalogue.selected.fill(0);
+void selectEverySatelliteRead(Catalogue& catalogue) {
+  for (int i = 0; i < catalogue.satelliteCount && i < kSelectionFlags; ++i) {
+    catalogue.selected[static_cast<std::size_t>(i)] = 1;
+  }
+}
+
+int loadTwoLineText(Catalogue& catalogue, std::string_view text) {
   LineReader reader;
   const std::uint32_t length = usableLength(text);  // never more than the text holds
   std::array<char, kNameLineCapacity> name{};
@@ -37,10 +42,42 @@ int loadElementText(Catalogue& catalogue, std::string_view text) {
     if (!parseElementSet(catalogue, n, l1, l2, slot)) break;
     ++catalogue.satelliteCount;
   }
-  for (int i = 0; i < catalogue.satelliteCount && i < kSelectionFlags; ++i) {
-    catalogue.selected[static_cast<std::size_t>(i)] = 1;
-  }
   return catalogue.satelliteCount;
 }
+
+// Good records go to the next free slot until 181 are read; the slots after
+// the last one keep what they held.
+int loadOmmText(Catalogue& catalogue, std::string_view text, ElementFormat format) {
+  int skipped = 0;
+  Satellite sat;
+  const OmmRecordHandler take = [&](const OmmRecord& record) {
+    if (!satelliteFromOmm(record, sat)) {
+      ++skipped;
+      return true;
+    }
+    catalogue.satellites[static_cast<std::size_t>(catalogue.satelliteCount++)] = sat;
+    return catalogue.satelliteCount < kCatalogueSlots;
+  };
+  text = text.substr(0, kMaxOmmBytes);
+  if (format == ElementFormat::Csv) readOmmCsv(text, take);
+  else if (readOmmJson(text, take)) ++skipped;  // the text broke off inside a record
+  return skipped;
+}
+
+}  // namespace
+
+ElementLoad loadElements(Catalogue& catalogue, std::string_view text) {
+  catalogue.satelliteCount = 0;
+  catalogue.selected.fill(0);
+  ElementLoad load;
+  load.format = detectElementFormat(text);
+  if (load.format == ElementFormat::Tle) loadTwoLineText(catalogue, text);
+  else load.skipped = loadOmmText(catalogue, text, load.format);
+  selectEverySatelliteRead(catalogue);
+  load.count = catalogue.satelliteCount;
+  return load;
+}
+
+int loadElementText(Catalogue& catalogue, std::string_view text) { return loadElements(catalogue, text).count; }
 
 }  // namespace norvane

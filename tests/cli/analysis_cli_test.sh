@@ -23,4 +23,21 @@ check passes_bad_select 1 'no selection flag' -- "$cli" passes "${visual[@]}" --
 check passes_bad_start 1 'cannot read' -- "$cli" passes "${visual[@]}" --start "2017-04-14" --hours 1 "${london[@]}"
 check passes_usage 2 'missing option --hours' -- "$cli" passes "${visual[@]}" --start "2017-04-14 12:00:00" "${london[@]}"
 
+# The pass planner: one record per pass, null AOS for the pass under way at the start, the calendar file.
+summary=(passes --summary "${visual[@]}" --start "2017-04-14 12:00:00" --hours 24 "${london[@]}" --select 106,111)
+check summary_in_progress 0 '{"sat":"TERRA","slot":111,"catnr":25994,"aos":null,"aos_utc":"","aos_az":null,"tca":' -- "$cli" --json "${summary[@]}"
+check summary_pass 0 '"aos_utc":"2017-04-14T20:11:55Z"' -- "$cli" --json "${summary[@]}"
+check summary_visible 0 '"visible_start_utc":"2017-04-14T20:11:55Z","visible_end":' -- "$cli" --json "${summary[@]}"
+check summary_tally 0 '{"passes":15,"seconds":' -- "$cli" --json "${summary[@]}"
+check summary_sgp8 0 '"passes":15,' -- "$cli" --json "${summary[@]}" --sgp8
+check summary_min_el 0 '{"passes":6,' -- "$cli" --json "${summary[@]}" --min-el 30
+ics=$(mktemp)
+check summary_ics 0 '"passes":15' -- "$cli" --json "${summary[@]}" --ics "$ics"
+check summary_ics_events 0 '15' -- bash -c "grep -c '^BEGIN:VEVENT' '$ics'"
+rm -f "$ics"
+check summary_ics_unwritable 1 'cannot write' -- "$cli" "${summary[@]}" --ics /nonexistent/dir/p.ics
+check summary_bad_min_el 1 'not an elevation' -- "$cli" "${summary[@]}" --min-el 95
+check summary_span_limit 1 'at most 240 hours' -- "$cli" "${summary[@]}" --hours 241
+check min_el_needs_summary 2 '--min-el goes with --summary' -- "$cli" passes "${visual[@]}" --start "2017-04-14 12:00:00" --hours 1 "${london[@]}" --min-el 10
+
 finish

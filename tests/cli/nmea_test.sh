@@ -41,30 +41,61 @@ check no_device 1 'Could not open the /nonexistent/tty port' "$out" $?
 out=$("$cli" nmea < /dev/null)
 check empty 0 '' "$out" $?
 
-# A serial line: a pseudo-terminal whose far end sends the log, then hangs up.
+# A serial line behind a stable name: a pseudo-terminal whose far end sends the
+# log and hangs up; a second one then takes the name over (a receiver plugged
+# in again) and the reader carries on with it.
 if command -v python3 > /dev/null; then
   out=$(python3 - "$cli" "$tests/gps/data/kiel_drive.nmea" <<'PY'
-import os, pty, subprocess, sys, time, tty
-master, slave = pty.openpty()
-tty.setraw(master)
-path = os.ttyname(slave)
-os.close(slave)
-cli = subprocess.Popen([sys.argv[1], "--json", "nmea", "--device", path, "--baud", "9600"],
+import os, pty, select, subprocess, sys, tempfile, time, tty
+def receiver():
+    master, slave = pty.openpty()
+    tty.setraw(master)
+    os.set_blocking(master, False)  # a reader that went away must not stall the script
+    path = os.ttyname(slave)
+    os.close(slave)
+    return master, path
+folder = tempfile.mkdtemp()
+link = os.path.join(folder, "gps0")
+master, path = receiver()
+os.symlink(path, link)
+cli = subprocess.Popen([sys.argv[1], "--json", "nmea", "--device", link, "--baud", "14400"],
                        stdout=subprocess.PIPE)
 time.sleep(0.3)
+def send(data):
+    try:
+        os.write(master, data)
+    except OSError:
+        pass
 for byte in open(sys.argv[2], "rb").read():
-    os.write(master, bytes([byte]))
+    send(bytes([byte]))
     time.sleep(0.0002)
 time.sleep(0.5)
 os.close(master)
-try:
-    print(cli.communicate(timeout=10)[0].decode())
-except subprocess.TimeoutExpired:
-    cli.kill()
-    print("timed out")
+time.sleep(0.3)
+master, path = receiver()
+os.unlink(link)
+os.symlink(path, link)
+body = b"GPGGA,120000.00,5130.000,N,00007.000,W,1,05,1.5,35.0,M,,,,"
+checksum = 0
+for b in body:
+    checksum ^= b
+sentence = b"$" + body + b"*%02X\r\n" % checksum
+out, deadline = b"", time.time() + 10
+while time.time() < deadline and b'"latitude":51.5,' not in out:
+    send(sentence)
+    if select.select([cli.stdout], [], [], 0.2)[0]:
+        out += os.read(cli.stdout.fileno(), 65536)
+out += cli.stdout.read() if cli.poll() is not None else b""
+cli.kill()
+cli.wait()
+os.close(master)
+os.unlink(link)
+os.rmdir(folder)
+print(out.decode())
 PY
 )
   check device 0 '"satellitesInView":7,"satellitesInUse":6,' "$out" $?
+  check device_reopened 0 '"latitude":51.5,"longitude":-0.11666666666666667,' "$out" $?
 else
   echo "python3 missing: the device check is skipped"
 fi

@@ -1,6 +1,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateEdit>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -12,6 +13,7 @@
 #include "gps/steady_clock.h"
 #include "qt_fixture.h"
 #include "settings/memory_settings_store.h"
+#include "settings/settings_io.h"
 #include "tests/gps/pty_feed.h"
 #include "ui/dialogs/gps_settings_dialog.h"
 #include "ui/dialogs/time_dialog.h"
@@ -28,20 +30,32 @@ struct GpsWorld {
   AppState app;
   SteadyClock clock;
   GpsThread thread{clock};
-  GpsPortMap ports;
   testing::RecordingSink sink;
-  GpsDialogContext context() { return {gps, settings, store, app, thread, ports, sink}; }
+  GpsDialogContext context() { return {gps, settings, store, app, thread, sink}; }
 };
 
 class GpsDialogTest : public DialogTest {};
 
-TEST_F(GpsDialogTest, OkStoresChoicesAndSavesTheGroup) {
+TEST_F(GpsDialogTest, OkStoresChoicesAndTheEditedPortMapAndSavesTheGroup) {
   GpsWorld w;
   GpsSettingsDialog dialog(w.context());
   auto* bauds = control<QComboBox>(dialog, "combo1056");
   EXPECT_EQ(bauds->count(), 10);  // 115200 is never offered
-  EXPECT_EQ(control<QComboBox>(dialog, "combo1054")->itemText(0), "NONE");
-  control<QComboBox>(dialog, "combo1054")->setCurrentIndex(3);
+  auto* ports = control<QComboBox>(dialog, "combo1054");
+  auto* device = control<QComboBox>(dialog, "combo1066");
+  auto* resolved = control<QLabel>(dialog, "static1067");
+  EXPECT_EQ(ports->itemText(0), "NONE");
+  EXPECT_EQ(device->currentText(), "/dev/ttyUSB0");  // COM1:
+  EXPECT_NE(device->findText("gpsd://localhost:2947"), -1);
+  ports->setCurrentIndex(3);
+  EXPECT_EQ(device->currentText(), "/dev/ttyACM0");
+  device->setEditText("gpsd://127.0.0.1:2947");
+  EXPECT_EQ(resolved->text(), "→ gpsd://127.0.0.1:2947");
+  ports->setCurrentIndex(4);  // each port keeps its own edit
+  EXPECT_EQ(device->currentText(), "/dev/ttyACM1");
+  EXPECT_EQ(w.settings.gpsDevices.devices[3], "/dev/ttyACM0");  // nothing stored before OK
+  ports->setCurrentIndex(3);
+  EXPECT_EQ(device->currentText(), "gpsd://127.0.0.1:2947");
   bauds->setCurrentIndex(3);
   control<QCheckBox>(dialog, "check1059")->setChecked(false);
   control<QCheckBox>(dialog, "check1063")->setChecked(true);
@@ -54,8 +68,12 @@ TEST_F(GpsDialogTest, OkStoresChoicesAndSavesTheGroup) {
   EXPECT_EQ(w.gps.acceptGn, 1);
   EXPECT_EQ(w.settings.gpsPort, 3);
   EXPECT_EQ(w.settings.gpsAcceptGN, 1);
+  EXPECT_EQ(w.settings.gpsDevices.devices[3], "gpsd://127.0.0.1:2947");
   EXPECT_EQ(w.store.values.at("GPSPort"), (SettingBytes{3, 0, 0, 0}));
   EXPECT_EQ(w.store.values.at("GPSAcceptGN"), (SettingBytes{1, 0, 0, 0}));
+  Settings reloaded;
+  loadSettings(reloaded, w.store);
+  EXPECT_EQ(reloaded.gpsDevices.devices, w.settings.gpsDevices.devices);
 }
 
 TEST_F(GpsDialogTest, TrackingFollowsAtOnceAndCancelKeepsTheRest) {
@@ -74,21 +92,25 @@ TEST_F(GpsDialogTest, TestGpsOnAPseudoTerminalAndOnAMissingDevice) {
   test::PtyEnd pty;  // its far end stands in for a receiver's serial port
   ASSERT_TRUE(pty.ok());
   GpsWorld w;
-  w.ports.devices[1] = pty.path();
-  w.ports.devices[2] = "/dev/null/not-a-port";
   GpsSettingsDialog dialog(w.context());
   auto* test = control<QPushButton>(dialog, "button1043");
+  auto* device = control<QComboBox>(dialog, "combo1066");
   control<QComboBox>(dialog, "combo1054")->setCurrentIndex(1);
+  device->setEditText(QString::fromStdString(pty.path()));  // typed, as for /dev/rfcomm0
+  EXPECT_EQ(control<QLabel>(dialog, "static1067")->text(), QString::fromStdString("→ " + pty.path()));
   test->click();
   ASSERT_EQ(w.sink.shown.size(), 1u);
   EXPECT_EQ(w.sink.shown[0].text, "COM port set correctly.");
   EXPECT_EQ(w.sink.shown[0].title, "GPS");
   control<QComboBox>(dialog, "combo1054")->setCurrentIndex(2);
+  device->setEditText("/dev/null/not-a-port");
+  EXPECT_EQ(control<QLabel>(dialog, "static1067")->text(), "→ /dev/null/not-a-port (not present)");
   test->click();
   ASSERT_EQ(w.sink.shown.size(), 2u);
   EXPECT_EQ(w.sink.shown[1].text, "Could not open the COM2: port");
   EXPECT_EQ(w.sink.shown[1].icon, MessageIcon::Stop);
   EXPECT_EQ(w.gps.portIndex, 2);  // taken into the settings by the test
+  EXPECT_EQ(w.settings.gpsDevices.devices[1], pty.path());
 }
 
 struct FakeClock : SystemClock {

@@ -1,4 +1,5 @@
 #include <QComboBox>
+#include <QLabel>
 #include <QDateEdit>
 #include <QDir>
 #include <QFile>
@@ -8,6 +9,7 @@
 #include <QTemporaryDir>
 #include <QTimeEdit>
 #include <QTreeWidget>
+#include <algorithm>
 #include <cmath>
 
 #include "../analysis/analysis_fixtures.h"
@@ -44,35 +46,7 @@ struct PredictionWorld {
 
 class PredictionDialogTest : public DialogTest {};
 
-TEST_F(PredictionDialogTest, PredictListsNewestFirstAndOkPausesTheClockThere) {
-  PredictionWorld w;
-  PredictionDialog dialog(w.context());
-  EXPECT_EQ(control<QLineEdit>(dialog, "edit1000")->text(), "2");
-  EXPECT_EQ(control<QTimeEdit>(dialog, "time1030")->time(), QTime(13, 0, 0));  // local time
-  control<QLineEdit>(dialog, "edit1000")->setText("6");
-  control<QPushButton>(dialog, "button1027")->click();
-  ASSERT_FALSE(w.store.rows.empty());
-  QTreeWidget* list = dialog.list();
-  ASSERT_EQ(list->topLevelItemCount(), static_cast<int>(w.store.rows.size()));
-  EXPECT_EQ(list->headerItem()->text(5), "Nr in file");
-  EXPECT_EQ(list->topLevelItem(0)->text(5), "106");
-  EXPECT_TRUE(list->topLevelItem(0)->text(0).endsWith("  "));
-  auto* satellites = control<QProgressBar>(dialog, "progress1017");
-  EXPECT_EQ(satellites->value(), satellites->maximum());
-  EXPECT_EQ(satellites->maximum(), w.catalogue->satelliteCount);
-  ASSERT_EQ(w.sink.shown.size(), 1u);
-  EXPECT_EQ(w.sink.shown[0].title, "Search result");
-  EXPECT_EQ(w.sink.shown[0].text.rfind("Number of passes ", 0), 0u);
-
-  list->topLevelItem(1)->setSelected(true);
-  press(dialog, QDialogButtonBox::Ok);
-  EXPECT_EQ(w.app.simulationMode, SimulationMode::Pause);
-  EXPECT_EQ(w.app.currentSatellite, test::kIssSlot);
-  EXPECT_EQ(w.app.pausedTime, w.store.rows[w.store.rows.size() - 2].time);
-  EXPECT_EQ(w.app.currentTime, w.app.pausedTime);
-}
-
-TEST_F(PredictionDialogTest, ReopeningListsStoredRowsAndCancelKeepsTheClock) {
+TEST_F(PredictionDialogTest, ReopeningListsStoredRowsSortsByNumberAndCancelKeepsTheClock) {
   PredictionWorld w;
   w.store.rows = {{test::kVisualEpoch, test::kIssSlot, 4, -1.25, 0}, {test::kVisualEpoch + 0.01, 0, 1, -20, 0}};
   PredictionDialog dialog(w.context());
@@ -82,20 +56,38 @@ TEST_F(PredictionDialogTest, ReopeningListsStoredRowsAndCancelKeepsTheClock) {
   EXPECT_EQ(list->topLevelItem(1)->text(2), "Visible");
   EXPECT_EQ(list->topLevelItem(0)->text(3), "N/A");
   EXPECT_EQ(list->topLevelItem(1)->text(1), "2017-4-14 13:00:00");
+  dialog.show();
+  expectColumnsWhole(*list);
   list->topLevelItem(1)->setSelected(true);
   press(dialog, QDialogButtonBox::Cancel);
   EXPECT_EQ(w.app.simulationMode, SimulationMode::RealTime);
   EXPECT_EQ(w.app.currentTime, test::kVisualEpoch);
   EXPECT_EQ(w.app.currentSatellite, 0);
+
+  // Sorted by magnitude as numbers ("N/A" last), a row still takes its own stored time.
+  w.store.rows.push_back({test::kVisualEpoch + 0.02, 3, 4, 10.5, 0});
+  w.store.rows.push_back({test::kVisualEpoch + 0.03, 4, 4, 2.0, 0});
+  PredictionDialog sorted(w.context());
+  list = sorted.list();
+  list->sortByColumn(3, Qt::AscendingOrder);
+  EXPECT_EQ(columnNumbers(*list, 3), (std::vector<double>{-1.2, 2.0, 10.5}));
+  EXPECT_EQ(list->topLevelItem(3)->text(3), "N/A");
+  list->topLevelItem(2)->setSelected(true);
+  press(sorted, QDialogButtonBox::Ok);
+  EXPECT_EQ(w.app.currentSatellite, 3);
+  EXPECT_EQ(w.app.pausedTime, test::kVisualEpoch + 0.02);
 }
 
 // Serves one element file for every URL, or nothing.
 struct FixedHttp : HttpClient {
   bool open(const std::string&) override { return true; }
-  HttpResponse get(const std::string& url, std::size_t maxBytes) override {
-    urls.push_back(url);
-    if (body.empty()) return {};
-    return {HttpOutcome::Received, body.substr(0, maxBytes)};
+  HttpResponse fetch(const HttpRequest& request) override {
+    urls.push_back(request.url);
+    HttpResponse response;
+    if (body.empty()) return response;
+    response.outcome = HttpOutcome::Received;
+    response.body = body.substr(0, request.maxBytes);
+    return response;
   }
   std::string body;
   std::vector<std::string> urls;
@@ -126,7 +118,9 @@ TEST_F(DownloadDialogTest, DownloadLoadsSavesAndCloses) {
   EXPECT_EQ(list->currentText(), "International Space Station");
   control<QPushButton>(dialog, "button1043")->click();
   EXPECT_EQ(opened, "http://127.0.0.1:9/");
+  EXPECT_EQ(control<QLabel>(dialog, "requestUrl")->text(), "http://127.0.0.1:9/NORAD/elements/stations.txt");
   list->setCurrentIndex(15);
+  EXPECT_EQ(control<QLabel>(dialog, "requestUrl")->text(), "http://127.0.0.1:9/NORAD/elements/iridium.txt");
   control<QPushButton>(dialog, "button1058")->click();
   EXPECT_EQ(dialog.result(), QDialog::Accepted);
   EXPECT_EQ(dialog.downloadResult().status, DownloadStatus::Saved);

@@ -3,8 +3,12 @@
 
 #include <QApplication>
 #include <QDialogButtonBox>
+#include <QFontMetrics>
+#include <QHeaderView>
 #include <QPushButton>
+#include <QTreeWidget>
 #include <cstdlib>
+#include <vector>
 
 namespace norvane::testing {
 
@@ -26,6 +30,31 @@ class DialogTest : public ::testing::Test {
     auto* box = dialog.template findChild<QDialogButtonBox*>();
     ASSERT_NE(box, nullptr);
     box->button(which)->click();
+  }
+
+  // Every heading and row text fits its column, and the shown list has room
+  // for all columns side by side.
+  static void expectColumnsWhole(QTreeWidget& list) {
+    const QFontMetrics metrics(list.font());
+    for (int c = 0; c < list.columnCount(); ++c) {
+      const int width = list.header()->sectionSize(c);
+      EXPECT_LE(metrics.horizontalAdvance(list.headerItem()->text(c)), width) << c;
+      for (int r = 0; r < list.topLevelItemCount(); ++r) {
+        EXPECT_LE(metrics.horizontalAdvance(list.topLevelItem(r)->text(c)), width) << c << " row " << r;
+      }
+    }
+    EXPECT_GE(list.viewport()->width(), list.header()->length());
+  }
+
+  // The numbers of a column from the top row down; texts that are no number are left out.
+  static std::vector<double> columnNumbers(const QTreeWidget& list, int column) {
+    std::vector<double> out;
+    for (int r = 0; r < list.topLevelItemCount(); ++r) {
+      bool ok = false;
+      const double value = list.topLevelItem(r)->text(column).toDouble(&ok);
+      if (ok) out.push_back(value);
+    }
+    return out;
   }
 
   template <typename W, typename Dialog>

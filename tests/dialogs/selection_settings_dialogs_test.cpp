@@ -1,10 +1,12 @@
 #include <QCheckBox>
+#include <algorithm>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTreeWidget>
 
 #include "../download/recording_sink.h"
+#include "../analysis/analysis_fixtures.h"
 #include "../elements/tle_fixtures.h"
 #include "core/elements/element_text.h"
 #include "qt_fixture.h"
@@ -44,6 +46,21 @@ TEST_F(SelectionDialogTest, ListsRowsByNameAndTicksBySlot) {
   for (int r = 0; r < 3; ++r) {
     const QTreeWidgetItem* row = list->topLevelItem(r);
     EXPECT_EQ(row->checkState(0) == Qt::Checked, slotOf(row) == 2) << r;
+  }
+}
+
+TEST_F(SelectionDialogTest, ColumnsShowWholeAndNumbersSortAsNumbers) {
+  auto c = test::bundled("visual_2017-04-14.txt");
+  AppState app;
+  app.currentTime = test::kVisualEpoch;
+  SatSelectionDialog dialog(*c, app);
+  dialog.show();
+  QTreeWidget* list = dialog.list();
+  expectColumnsWhole(*list);
+  for (const int column : {1, 4}) {  // catalogue number, slot in the file
+    list->sortByColumn(column, Qt::AscendingOrder);
+    const std::vector<double> numbers = columnNumbers(*list, column);
+    EXPECT_TRUE(std::is_sorted(numbers.begin(), numbers.end())) << column;
   }
 }
 
@@ -128,10 +145,21 @@ TEST_F(SettingsDialogTest, OkAppliesFallbacksAndSavesTheGroup) {
   EXPECT_EQ(store.values.count("test"), 0u);
 }
 
-TEST_F(SettingsDialogTest, LimitsKeptAndCancelChangesNothing) {
+TEST_F(SettingsDialogTest, LimitsKeptFrequenciesReadBackExactlyAndCancelChangesNothing) {
   EXPECT_EQ(UplinkOrFallback(1.0), 1.0);
   EXPECT_EQ(DownlinkOrFallback(1e7), 1e7);
   EXPECT_EQ(PredictionLimitOrFallback(0), 0);
+  // OK without an edit keeps each frequency to the last bit (six digits made 437.812 of 437.8125).
+  for (const double mhz : {437.8125, 1575.42, 145.82500000000002, 9999999.999999, 1.0000000000000002}) {
+    Settings same;
+    same.uplink = mhz, same.downlink = mhz;
+    MemorySettingsStore saved;
+    std::uint8_t off = 0;
+    SettingsDialog reopened(same, saved, off);
+    press(reopened, QDialogButtonBox::Ok);
+    EXPECT_EQ(same.uplink, mhz);
+    EXPECT_EQ(same.downlink, mhz);
+  }
   Settings s;
   s.downlink = 437.8;
   MemorySettingsStore store;

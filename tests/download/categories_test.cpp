@@ -27,6 +27,14 @@ TEST(Categories, UrlAndCopyPath) {
   EXPECT_EQ(categoryUrl("https://example.org", "x-comm"), "https://example.org/NORAD/elements/x-comm.txt");
   EXPECT_EQ(categoryUrl("http://127.0.0.1:8000/mirror//", "geo"),
             "http://127.0.0.1:8000/mirror/NORAD/elements/geo.txt");
+  // Templates: every field filled, nothing appended.
+  EXPECT_EQ(categoryUrl(kDefaultElementServer, "gps-ops"),
+            "https://celestrak.org/NORAD/elements/gp.php?GROUP=gps-ops&FORMAT=tle");
+  EXPECT_EQ(categoryUrl("http://h/{group}/{group}.{format}?f={format}", "geo"), "http://h/geo/geo.tle?f=tle");
+  EXPECT_EQ(categoryUrl("http://h/{format}/", "geo"), "http://h/{format}/NORAD/elements/geo.txt");
+  EXPECT_EQ(serverHomePage(kDefaultElementServer), "https://celestrak.org/");
+  EXPECT_EQ(serverHomePage("http://127.0.0.1:8000/mirror"), "http://127.0.0.1:8000/");
+  EXPECT_EQ(serverHomePage("http://127.0.0.1:8000?GROUP={group}"), "http://127.0.0.1:8000/");
   EXPECT_EQ(downloadPath("/home/ana/Documents", "noaa"), "/home/ana/Documents/noaa.txt");
   EXPECT_EQ(downloadPath("/home/ana/Documents/", "noaa"), "/home/ana/Documents/noaa.txt");
 }
@@ -35,7 +43,7 @@ TEST(Categories, UrlAndCopyPath) {
 class ClosedClient : public HttpClient {
  public:
   bool open(const std::string&) override { return false; }
-  HttpResponse get(const std::string&, std::size_t) override {
+  HttpResponse fetch(const HttpRequest&) override {
     ADD_FAILURE() << "fetched without a session";
     return {};
   }

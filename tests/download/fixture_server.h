@@ -10,10 +10,13 @@ namespace norvane::testing {
 // tests/download/element_server.py run as a child process for the duration of a test suite.
 class ElementServer {
  public:
+  // Set by the CMake file of each test folder that uses it.
+  static constexpr const char* kScript = NORVANE_ELEMENT_SERVER;
+
   // Starts the server and waits at most 10 s for its port; port() is 0 on failure.
   void start() {
     child_ = std::make_unique<ChildProcess>(
-        std::vector<std::string>{"python3", NORVANE_TEST_DIR "/element_server.py", NORVANE_DATA_DIR});
+        std::vector<std::string>{"python3", kScript, NORVANE_DATA_DIR});
     port_ = std::atoi(child_->firstLine().c_str());
   }
   void stop() { child_.reset(); }

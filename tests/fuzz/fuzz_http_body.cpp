@@ -1,6 +1,7 @@
-// Downloaded bodies of any bytes: the whole download path (the body cut to one
-// read, loaded as the catalogue, saved as the copy in a scratch folder), with
-// the fetch's outcome and the category row taken from the first two bytes.
+// Downloaded bodies of any bytes: the whole download path (the body judged,
+// loaded as the catalogue, saved as the copy in a scratch folder, the fetch
+// log kept there too), with the fetch's outcome, its HTTP status and the
+// category row taken from the first three bytes.
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -15,9 +16,9 @@ class CannedHttp : public norvane::HttpClient {
  public:
   norvane::HttpResponse response;
   bool open(const std::string&) override { return true; }
-  norvane::HttpResponse get(const std::string&, std::size_t maxBytes) override {
+  norvane::HttpResponse fetch(const norvane::HttpRequest& request) override {
     norvane::HttpResponse r = response;
-    if (r.body.size() > maxBytes) r.body.resize(maxBytes);
+    if (r.body.size() > request.maxBytes) r.body.resize(request.maxBytes);
     return r;
   }
 };
@@ -30,14 +31,23 @@ const std::string& scratchFolder() {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  if (size < 2) return 0;
+  if (size < 3) return 0;
   static auto catalogue = std::make_unique<norvane::Catalogue>();
   CannedHttp http;
-  http.response.outcome = static_cast<norvane::HttpOutcome>(data[0] % 3);
-  http.response.body.assign(reinterpret_cast<const char*>(data + 2), size - 2);
+  http.response.outcome = static_cast<norvane::HttpOutcome>(data[0] % 5);
+  static constexpr int kStatuses[4] = {200, 304, 403, 429};
+  http.response.status = kStatuses[data[2] % 4];
+  http.response.retryAfter = data[2] & 0x80 ? "120" : "";
+  http.response.truncated = (data[2] & 0x40) != 0;
+  http.response.body.assign(reinterpret_cast<const char*>(data + 3), size - 3);
   norvane::testing::QuietSink sink;
   norvane::MemorySettingsStore store;
-  norvane::DownloadContext context{http, sink, store, "http://127.0.0.1:9", scratchFolder()};
+  norvane::DownloadContext context{http, sink, store, "http://127.0.0.1:9/?GROUP={group}", scratchFolder()};
+  // Every run is past the last one's waits, so that each body is judged.
+  static norvane::UnixSeconds now = 1795435200;
+  now += 400 * 86400;
+  context.fetchLogPath = scratchFolder() + "/Downloads.json";
+  context.now = [] { return now; };
   norvane::Settings settings;
   std::int32_t iridium = 0;
   norvane::DownloadTarget target{*catalogue, settings, iridium};

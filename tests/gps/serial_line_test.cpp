@@ -1,12 +1,15 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <filesystem>
 #include <string>
 #include <vector>
 
+#include "gps/device_list.h"
 #include "gps/gps_port.h"
 #include "gps/gps_receiver.h"
 #include "gps/gps_thread.h"
+#include "gps/line_speed.h"
 #include "gps/nmea_decoder.h"
 #include "gps/steady_clock.h"
 #include "tests/common/test_support.h"
@@ -59,8 +62,11 @@ TEST(GpsPort, OpeningSetsTheLineOrSaysWhy) {
   std::string message;
   EXPECT_EQ(OpenGpsPort("COM3:", "/nonexistent/tty", 4800, message), nullptr);
   EXPECT_EQ(message, "Could not open the COM3: port");
-  EXPECT_EQ(OpenGpsPort("COM1:", end.path(), 14400, message), nullptr);  // no such line speed
-  EXPECT_EQ(message, "SetCommState Error");
+  // Every speed of the table opens, the two without a terminal constant included.
+  for (const GpsBaud& baud : kGpsBaudTable) {
+    EXPECT_NE(OpenGpsPort("COM1:", end.path(), baud.rate, message), nullptr) << baud.text << ": " << message;
+    EXPECT_EQ(LineSpeed(end.fd()), baud.rate) << baud.text;
+  }
   EXPECT_EQ(OpenGpsPort("COM1:", "/dev/null", 4800, message), nullptr);  // not a line
   EXPECT_EQ(message, "SetCommState Error");
 
@@ -88,6 +94,20 @@ TEST(GpsPort, OpeningSetsTheLineOrSaysWhy) {
   NmeaLine line;
   EXPECT_EQ(ReadNmeaSentence(*port, line, kNmeaHuntLimit, gps, kNmeaWantAll, clock), kNmeaVtg);
   EXPECT_EQ(gps.speed, 5.0);
+}
+
+TEST(GpsDevices, SerialNamesInNaturalOrderThenStableNames) {
+  testing::TempFolder dev;
+  std::filesystem::create_directories(dev / "serial/by-id");
+  for (const char* name : {"ttyS10", "ttyUSB0", "ttyS2", "ttyS", "ttySx", "sda", "rfcomm0", "ttyACM1", "tty0",
+                           "serial/by-id/usb-u-blox_7-if00", "serial/by-id/usb-FTDI_2-if00"}) {
+    dev.write(name, "x");
+  }
+  const std::string d = dev.path;
+  EXPECT_EQ(ListGpsDevices(d), (std::vector<std::string>{d + "/rfcomm0", d + "/ttyACM1", d + "/ttyS2", d + "/ttyS10",
+                                                          d + "/ttyUSB0", d + "/serial/by-id/usb-FTDI_2-if00",
+                                                          d + "/serial/by-id/usb-u-blox_7-if00"}));
+  EXPECT_TRUE(ListGpsDevices(d + "/missing").empty());
 }
 
 class GpsThreadLine : public ::testing::TestWithParam<int> {};

@@ -4,7 +4,11 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QDialogButtonBox>
+#include <QDir>
 #include <QFile>
+#include <QFileDialog>
+#include <QListView>
+#include <QTest>
 #include <QCheckBox>
 #include <QLineEdit>
 #include <QPushButton>
@@ -12,13 +16,18 @@
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTimer>
+#include <QTimeEdit>
+#include <QProgressBar>
+#include <QHeaderView>
 #include <QTreeWidget>
 #include <clocale>
 #include <cmath>
+#include <fstream>
 #include <functional>
 #include <memory>
 
 #include "core/astro/julian_date.h"
+#include "tests/download/fixture_server.h"
 #include "tests/gui/gui_fixtures.h"
 #include "ui/app/main_window.h"
 
@@ -172,6 +181,30 @@ TEST(WindowDialogs, EachCommandOpensItsDialogAndReturnsToTheInfoPage) {
   EXPECT_TRUE(w.sink.texts.empty());
 }
 
+TEST(WindowDialogs, OpenListsEveryElementFormatInTheLastFolder) {
+  Window w("open");
+  TempFolder files("open_files");
+  for (const char* name : {"a.tle", "b.txt", "c.csv", "d.json", "e.dat"}) {
+    std::ofstream((files.path / name).string()) << "x\n";
+  }
+  w.state().settings.lastOpen = (files.path / "b.txt").string();
+  int listed = -1;
+  ASSERT_TRUE(w.dialog(kCmdOpen, [&](QDialog& d) {
+    auto* dialog = qobject_cast<QFileDialog*>(&d);
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_EQ(dialog->windowTitle(), "Open File");
+    EXPECT_EQ(QDir(dialog->directory()).canonicalPath(), QDir(QString::fromStdString(files.path.string())).canonicalPath());
+    EXPECT_EQ(dialog->findChild<QComboBox*>("fileTypeCombo")->currentText(), "All (*.tle)");
+    auto* view = dialog->findChild<QListView*>("listView");
+    ASSERT_NE(view, nullptr);
+    for (int wait = 0; wait < 200 && listed != 4; ++wait) {  // the folder is read in the background
+      QTest::qWait(10);
+      listed = view->model()->rowCount(view->rootIndex());
+    }
+  }));
+  EXPECT_EQ(listed, 4);  // .tle, .txt, .csv and .json; not .dat
+}
+
 TEST(WindowDialogs, TleInfoShowsItsBoxWithoutLeavingTheView) {
   Window w("tleinfo");
   w.window->runCommand(kCmdMapView);
@@ -180,19 +213,12 @@ TEST(WindowDialogs, TleInfoShowsItsBoxWithoutLeavingTheView) {
   EXPECT_EQ(w.state().app.viewMode, ViewMode::Map);
 }
 
-TEST(WindowDialogs, SettingsOkSavesAndCancelKeeps) {
+// Cancelling is the dialog's own test; here OK reaches the window's state.
+TEST(WindowDialogs, SettingsOkReachesTheWindowAndIsSaved) {
   Window w("settings");
   EXPECT_TRUE(w.dialog(kCmdSettings, [](QDialog& d) {
     Control<QLineEdit>(d, "edit1001")->setText("145.8");
     Control<QCheckBox>(d, "check1026")->setChecked(true);  // "test"
-    Cancel(d);
-  }));
-  EXPECT_EQ(w.state().settings.uplink, 138.0);
-  EXPECT_FALSE(w.state().infoOptions.modelComparison);
-  EXPECT_EQ(w.store.values.count("uplink"), 0u);
-  EXPECT_TRUE(w.dialog(kCmdSettings, [](QDialog& d) {
-    Control<QLineEdit>(d, "edit1001")->setText("145.8");
-    Control<QCheckBox>(d, "check1026")->setChecked(true);
     Control<QCheckBox>(d, "check1061")->setChecked(true);  // "Iridium flares"
     Ok(d);
   }));
@@ -252,25 +278,41 @@ TEST(WindowDialogs, PredictionRowsSurviveAndOkPausesTheClockOnARow) {
   Window w("predict");
   w.state().catalogue.selected = {};
   w.state().catalogue.selected[kIssSlot] = 1;
-  EXPECT_TRUE(w.dialog(kCmdPredict, [](QDialog& d) {
+  w.state().app.utcOffset = 1.0 / 24.0;
+  EXPECT_TRUE(w.dialog(kCmdPredict, [&](QDialog& d) {
+    EXPECT_EQ(Control<QLineEdit>(d, "edit1000")->text(), "2");
+    EXPECT_EQ(Control<QTimeEdit>(d, "time1030")->time(), QTime(13, 0, 0));  // local time
     Control<QLineEdit>(d, "edit1000")->setText("6");
     Control<QPushButton>(d, "button1027")->click();
+    auto* list = Control<QTreeWidget>(d, "list1024");
+    ASSERT_EQ(list->topLevelItemCount(), static_cast<int>(w.state().predictions.rows.size()));
+    EXPECT_EQ(list->headerItem()->text(5), "Nr in file");
+    EXPECT_EQ(list->topLevelItem(0)->text(5), "106");
+    EXPECT_TRUE(list->topLevelItem(0)->text(0).endsWith("  "));
+    for (int c = 0; c < 6; ++c) {  // the found rows show whole
+      EXPECT_GE(list->header()->sectionSize(c), list->fontMetrics().horizontalAdvance(list->topLevelItem(0)->text(c)));
+    }
+    auto* satellites = Control<QProgressBar>(d, "progress1017");
+    EXPECT_EQ(satellites->value(), satellites->maximum());
+    EXPECT_EQ(satellites->maximum(), w.state().catalogue.satelliteCount);
     Cancel(d);
   }));
-  ASSERT_FALSE(w.state().predictions.rows.empty());
+  ASSERT_GT(w.state().predictions.rows.size(), 1u);
   EXPECT_EQ(w.sink.titles, std::vector<std::string>{"Search result"});
+  EXPECT_EQ(w.sink.texts[0].rfind("Number of passes ", 0), 0u);
   const std::size_t rows = w.state().predictions.rows.size();
   w.state().app.simulationMode = SimulationMode::X10;
   int listed = 0;
   EXPECT_TRUE(w.dialog(kCmdPredict, [&](QDialog& d) {
     auto* list = Control<QTreeWidget>(d, "list1024");
     listed = list->topLevelItemCount();
-    list->topLevelItem(0)->setSelected(true);
+    list->topLevelItem(1)->setSelected(true);  // newest first: the second newest row
     Ok(d);
   }));
   EXPECT_EQ(listed, static_cast<int>(rows));
   EXPECT_EQ(w.state().app.simulationMode, SimulationMode::Pause);
-  EXPECT_EQ(w.state().app.currentTime, w.state().predictions.rows.back().time);
+  EXPECT_EQ(w.state().app.currentTime, w.state().predictions.rows[rows - 2].time);
+  EXPECT_EQ(w.state().app.pausedTime, w.state().app.currentTime);
   EXPECT_EQ(w.state().app.currentSatellite, kIssSlot);
   EXPECT_EQ(w.state().settings.satDisplay, kIssSlot);
 }
@@ -342,6 +384,23 @@ TEST(WindowDialogs, GetLastDownloadsFromTheServerIntoTheDocumentsFolder) {
   EXPECT_EQ(std::filesystem::file_size(copy), static_cast<std::uintmax_t>(bundled.size()));
   EXPECT_EQ(w.state().app.iridiumFile, 0);
   EXPECT_EQ(w.state().app.viewMode, ViewMode::Info);
+}
+
+TEST(WindowDialogs, CtrlQDuringADownloadAbandonsIt) {
+  App();
+  testing::ElementServer server;  // tests/download/element_server.py: its trickling file takes 2.5 s
+  server.start();
+  ASSERT_NE(server.port(), 0);
+  Window w("quit_download", server.base("trickle"));
+  const int before = w.state().catalogue.satelliteCount;
+  EXPECT_TRUE(w.dialog(kCmdGetLast, [&](QDialog& d) {
+    QTimer::singleShot(400, w.window.get(), [&] { w.window->runCommand(kCmdClose); });  // what Ctrl+Q runs
+    Control<QPushButton>(d, "button1058")->click();
+  }));
+  EXPECT_FALSE(w.window->isVisible());
+  EXPECT_FALSE(std::filesystem::exists(w.documents.path / "stations.txt"));
+  EXPECT_TRUE(w.sink.texts.empty());
+  EXPECT_EQ(w.state().catalogue.satelliteCount, before);
 }
 
 }  // namespace

@@ -32,12 +32,12 @@ TEST(RadioSettings, GroupRoundTripsAndLeavesTheOtherGroupsAlone) {
   EXPECT_EQ(loaded.uplink, 138.0);
 }
 
-TEST(RadioSettings, LongHostsAreCutAndOddSizesIgnored) {
+TEST(RadioSettings, LongHostsAreCutAndOverlongValuesIgnored) {
   Settings s;
   s.radio.rigHost = std::string(100, 'h');
   MemorySettingsStore store;
   saveRadioGroup(s, store);
-  store.values["RotPort"] = {1, 2};                      // two bytes where four belong
+  store.values["RotPort"] = {1, 2, 0, 0, 0};             // five bytes where four belong
   store.values["RotHost"] = SettingBytes(kRadioHostBytes, 'x');  // no terminating zero
   Settings loaded;
   loadSettings(loaded, store);

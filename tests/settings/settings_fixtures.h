@@ -10,6 +10,7 @@ namespace norvane {
 inline Settings changedSettings() {
   Settings s;
   s.gpsPort = 4, s.gpsSpeed = 7, s.gpsCompass = 0, s.gpsAcceptGN = 1;
+  s.gpsDevices.devices[3] = "/dev/serial/by-id/usb-u-blox_GNSS_receiver-if00";
   s.snToNs = 1, s.starsMag = 3, s.satPredictMag = 11, s.satPredictVisible = 1, s.flagRefraction = 1;
   s.uplink = 145.825, s.downlink = 437.8, s.flares = 1, s.s4s8 = 1, s.flagPlanets = 1, s.flagColors = 1;
   s.satDisplay = 17, s.lastOpen = "/home/ana/Documents/iridium.txt", s.city = 42;

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <bit>
 #include <cstring>
 #include <string>
 #include <utility>
@@ -29,7 +30,7 @@ TEST(SettingsModel, LoadOrderAndWidths) {
   const std::vector<std::pair<std::string, std::uint32_t>> expected = {
       {"Lat", 8},        {"Lon", 8},         {"Alt", 8},
       {"City", 4},       {"GPSPort", 4},     {"GPSSpeed", 4},
-      {"GPSCompass", 4}, {"GPSAcceptGN", 4}, {"SNtoNS", 4},
+      {"GPSCompass", 4}, {"GPSAcceptGN", 4}, {"GPSDevices", 2340}, {"SNtoNS", 4},
       {"Stars_Mag", 2},  {"SatPredictMag", 4}, {"SatPredictVisible", 4},
       {"flag_refraction", 4}, {"uplink", 8}, {"downlink", 8},
       {"flares", 4},     {"s4_s8", 4},       {"Flag_planets", 1},
@@ -72,7 +73,7 @@ TEST(SettingsModel, EveryGroupWritesItsValuesInOrderAndReadsBack) {
   saveLocationGroup(located, 42, store);
   saveLastFileGroup(changed, store);
   const std::vector<std::vector<std::string>> groups = {
-      {"GPSPort", "GPSSpeed", "GPSCompass", "GPSAcceptGN"},
+      {"GPSPort", "GPSSpeed", "GPSCompass", "GPSAcceptGN", "GPSDevices"},
       {"SNtoNS", "Stars_Mag", "SatPredictMag", "SatPredictVisible", "flag_refraction", "uplink", "downlink",
        "flares", "s4_s8", "Flag_planets", "Flag_colors", "Sat_Display"},
       {"City", "Lat", "Lon", "Alt"},
@@ -94,23 +95,41 @@ TEST(SettingsModel, ValuesAreRawLittleEndianBytes) {
   EXPECT_EQ(store.values["Stars_Mag"], (SettingBytes{3, 0}));
   EXPECT_EQ(store.values["Flag_planets"], (SettingBytes{1}));
   EXPECT_EQ(store.values["uplink"], (SettingBytes{0, 0, 0, 0, 0, 0, 0xF0, 0x3F}));
+
+  // The port map: its lines, then zeros; lines that do not fit whole are left to their defaults.
+  s.gpsDevices.devices[2] = "gpsd://localhost:2947";
+  for (std::size_t i = 4; i < 10; ++i) s.gpsDevices.devices[i] = std::string(400, static_cast<char>('a' + i));
+  saveGpsGroup(s, store);
+  const SettingBytes& map = store.values["GPSDevices"];
+  ASSERT_EQ(map.size(), 2340u);
+  const std::string text(map.begin(), map.end());
+  EXPECT_EQ(text.substr(0, 48), "/dev/ttyUSB0\ngpsd://localhost:2947\n/dev/ttyACM0\n");
+  EXPECT_EQ(text.back(), '\0');
+  Settings loaded;
+  loadSettings(loaded, store);
+  EXPECT_EQ(loaded.gpsDevices.devices[2], "gpsd://localhost:2947");
+  EXPECT_EQ(loaded.gpsDevices.devices[8], s.gpsDevices.devices[8]);
+  EXPECT_EQ(loaded.gpsDevices.devices[9], "/dev/ttyS4");
 }
 
-TEST(SettingsModel, ValueOfAnotherSizeKeepsTheDefault) {
+TEST(SettingsModel, ShorterValuesFillTheLowBytesLongerOnesKeepTheDefault) {
   MemorySettingsStore store;
   store.values["Flag_planets"] = {1, 0, 0, 0};
   store.values["Stars_Mag"] = {2, 0, 0, 0};
-  store.values["Lat"] = {1, 2, 3};
   store.values["City"] = {};
-  store.values["Last_Open"] = SettingBytes(518, 'a');
-  store.values["GPSSpeed"] = {6, 0, 0, 0};  // the one value of the right size
+  store.values["GPSSpeed"] = {6};              // over the default 0
+  store.values["SatPredictMag"] = {7};         // over the default 20
+  store.values["Lat"] = {0x11, 0x22, 0x33};    // the low bytes of the default's double
+  store.values["Last_Open"] = {'/', 0, 'a', 0};  // the rest of the buffer stays zero
   Settings s;
   EXPECT_EQ(loadSettings(s, store), 0);
   EXPECT_EQ(s.flagPlanets, 0);
   EXPECT_EQ(s.starsMag, 5);
-  EXPECT_EQ(s.lat, Settings{}.lat);
-  EXPECT_EQ(s.lastOpen, "");
   EXPECT_EQ(s.gpsSpeed, 6);
+  EXPECT_EQ(s.satPredictMag, 7);
+  const auto lat = (std::bit_cast<std::uint64_t>(Settings{}.lat) & ~0xFFFFFFull) | 0x332211u;
+  EXPECT_EQ(s.lat, std::bit_cast<double>(lat));
+  EXPECT_EQ(s.lastOpen, "/a");
 }
 
 TEST(WidePath, LastOpenIs520BytesOfUtf16WithZerosAfterTheText) {

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <cstdio>
 #include <string>
 
 #include "tests/views/view_fixture.h"
@@ -11,6 +13,8 @@ namespace {
 TEST(InfoPage, ShapeLines) {
   EXPECT_EQ(ShapeLine(99999), "Shape not know. ");  // not in the table: record 0
   EXPECT_EQ(ShapeLine(5), "Shape not know. ");
+  EXPECT_EQ(ShapeLine(23560), "Shape not know. ");  // the size file gives no sizes
+  EXPECT_EQ(ShapeLine(25544), "l.=109.0m w.=73.0m d.=20.0m");
   EXPECT_EQ(ShapeLine(10594), "l.=0.3m w.=0.9m d.=2.4m");
   EXPECT_EQ(ShapeLine(12), "Cylindrical shape l.=1.2m r.=0.5m");
   EXPECT_EQ(ShapeLine(11), "Spherical satellite r.=0.5m ");
@@ -90,6 +94,33 @@ TEST(InfoPage, WholePageForATableSatellite) {
   EXPECT_EQ(InfoLineColour(InfoColoursFor(settings), InfoBlock::Doppler), 0u);
   settings.flagColors = 0;
   EXPECT_EQ(InfoLineColour(InfoColoursFor(settings), InfoBlock::Bodies), 25720u);
+
+  // The comparison option: the heading and two lines of differences between
+  // the families, under the rule, each family's view the other's negated.
+  InfoOptions comparison;
+  comparison.modelComparison = true;
+  double along[2] = {0, 0};
+  for (const int family : {0, 1}) {
+    settings.s4s8 = family;
+    const auto with = FormatInfoPage(f.world, settings, timing, comparison);
+    ASSERT_EQ(with.size(), 19u);
+    EXPECT_EQ(with[8].left, family == 0 ? "SxP4-SxP8" : "SxP8-SxP4");
+    EXPECT_FALSE(with[8].ruleBelow);
+    EXPECT_TRUE(with[10].ruleBelow);
+    EXPECT_EQ(with[11].left.substr(0, 9), "Downlink ");
+    double distance = 0, speed = 0, radial = 0, cross = 0;
+    ASSERT_EQ(std::sscanf(with[9].left.c_str(), "dPos %lf km", &distance), 1);
+    ASSERT_EQ(std::sscanf(with[9].right.c_str(), "dVel %lf m/s", &speed), 1);
+    ASSERT_EQ(std::sscanf(with[10].left.c_str(), "Radial %lf Along %lf Cross %lf km", &radial, &along[family], &cross),
+              3);
+    // Near the element epoch the two families agree to within a few km.
+    EXPECT_GT(distance, 0.001);
+    EXPECT_LT(distance, 10.0);
+    EXPECT_GT(speed, 0.0);
+    EXPECT_NEAR(distance * distance, radial * radial + along[family] * along[family] + cross * cross,
+                0.01 * distance * distance + 1e-4);
+  }
+  EXPECT_NEAR(along[0], -along[1], 0.05 * std::fabs(along[0]) + 0.01);
 }
 
 }  // namespace

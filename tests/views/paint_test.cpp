@@ -1,12 +1,16 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <tuple>
+#include <utility>
 
+#include "core/astro/moon.h"
 #include "tests/views/view_fixture.h"
 #include "ui/surface/builtin_marks.h"
 #include "ui/views/gps_page.h"
 #include "ui/views/map_view.h"
 #include "ui/views/orbit_view.h"
+#include "ui/views/sky_projection.h"
 #include "ui/views/sky_view.h"
 
 namespace norvane {
@@ -25,13 +29,32 @@ TEST(MapView, ObserverAtZeroZeroAndNoSelection) {
   EXPECT_EQ(f.count(Rgb(0, 255, 0)), 0);                  // no footprint without a satellite
   const MapPoint sun = SunPoint(f.surface, f.app.currentTime);
   EXPECT_EQ(f.at(sun.screen.x, sun.screen.y), f.skins->sun.at(6, 6));
+  // The Moon's sub-point longitude runs unreduced (-226 degrees here), yet
+  // the Moon stays on the map at every hour of a month.
+  f.app.currentTime = 2457867.5416666665;
+  PaintMap(f.world);
+  const MapPoint moon = MoonPoint(f.surface, f.app.observer, f.app.currentTime);
+  EXPECT_EQ(f.at(moon.screen.x, moon.screen.y), f.skins->moon.at(6, 6));
+  for (int hour = 0; hour < 30 * 24; ++hour) {
+    const Point p = MoonPoint(f.surface, f.app.observer, 2457858.0 + hour / 24.0).screen;
+    ASSERT_TRUE(p.y >= 0 && p.y < f.surface.height && p.x >= 0 && p.x < f.surface.width) << hour;
+  }
 }
 
-TEST(MapView, TapPicksTheFirstInCatalogueOrder) {
+TEST(MapView, TapPicksTheFirstInCatalogueOrderAndNothingBeforeATap) {
   ViewFixture f;
+  testing::QuietSink sink;
+  ASSERT_TRUE(openElementFile(*f.catalogue, sink, std::string(NORVANE_DATA_DIR) + "/iridium_2014-06-21.txt"));
+  f.app.currentTime = 2456830.627083333;
+  const Point corner = SatellitePoint(f.world, 15, f.app.currentTime, 0).screen;
+  ASSERT_LT(corner.x, 7);  // IRIDIUM 921 near the south pole at 180 degrees: the top-left corner
+  ASSERT_LT(corner.y, 7);
+  PaintMap(f.world);  // the map opened, nothing tapped yet
+  EXPECT_EQ(f.app.currentSatellite, 0);
+
   f.catalogue->satellites[1] = f.catalogue->satellites[0];
   f.catalogue->selected.fill(0);
-  f.catalogue->selected[0] = f.catalogue->selected[1] = 1;
+  f.catalogue->selected[0] = f.catalogue->selected[1] = f.catalogue->selected[15] = 1;
   const Point p = SatellitePoint(f.world, 0, f.app.currentTime, 0).screen;
   f.app.currentSatellite = 5;
   f.app.tapPoint = {p.x + 7, p.y};  // 7 pixels away is not near enough
@@ -40,7 +63,8 @@ TEST(MapView, TapPicksTheFirstInCatalogueOrder) {
   f.app.tapPoint = {p.x + 6, p.y - 6};
   PaintMap(f.world);
   EXPECT_EQ(f.app.currentSatellite, 0);
-  EXPECT_EQ(f.app.tapPoint, (Point{0, 0}));
+  PaintMap(f.world);  // the cleared tap does not pick the satellite in the corner either
+  EXPECT_EQ(f.app.currentSatellite, 0);
 }
 
 TEST(MapView, GeostationaryMeanMotionHasFootprintButNoTrack) {
@@ -82,6 +106,40 @@ TEST(SkyView, BackgroundFollowsTheSun) {
   f.app.currentTime = 2457858.0;  // noon UTC
   PaintSky(f.world);
   EXPECT_EQ(f.at(2, 60), f.color(Rgb(0, 0, 120)));
+}
+
+// Counts the Moon's lit and dark pixels where the sky view drew it.
+std::pair<int, int> MoonShades(const ViewFixture& f) {
+  MoonHorizontal horizontal;
+  MoonSubPoint sub;
+  MoonPosition(f.app.currentTime - kMoonEpoch, f.app.observer, horizontal, sub);
+  const auto p = SkyProject({horizontal.azimuth, horizontal.altitude}, 120, 160, 0, f.app.viewMatrix);
+  int lit = 0, dark = 0;
+  for (std::int32_t row = 0; row < 12; ++row) {
+    for (std::int32_t col = 0; col < 12; ++col) {
+      if (f.skins->moon.at(col, row) == f.skins->key) continue;
+      const std::uint16_t drawn = f.at(p->x - 6 + col, p->y - 6 + row);
+      lit += drawn == f.skins->moon.at(col, row) ? 1 : 0;
+      dark += drawn == f.skins->moonDark.at(col, row) ? 1 : 0;
+    }
+  }
+  return {lit, dark};
+}
+
+TEST(SkyView, MoonPhaseShadesTheDiscNotItsBox) {
+  ViewFixture f;
+  f.app.viewMode = ViewMode::Sky;
+  f.catalogue->selected.fill(0);
+  f.app.currentTime = 2457874.0416666665;  // waxing, 22 % lit, 46 degrees up
+  PaintSky(f.world);
+  auto [lit, dark] = MoonShades(f);
+  EXPECT_GT(lit, 0);
+  EXPECT_GT(dark, 2 * lit);
+  f.app.currentTime = 2457880.375;  // 85 % lit, 36 degrees up
+  PaintSky(f.world);
+  std::tie(lit, dark) = MoonShades(f);
+  EXPECT_GT(dark, 0);
+  EXPECT_GT(lit, 2 * dark);
 }
 
 TEST(GpsPage, DilutionBarsAndSignalChart) {

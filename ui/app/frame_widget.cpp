@@ -20,6 +20,12 @@ FrameWidget::FrameWidget(int zoom, QWidget* parent)
   setFocusPolicy(Qt::StrongFocus);
 }
 
+void FrameWidget::setZoom(int zoom) {
+  zoom_ = zoom;
+  setFixedSize(kPortraitDisplay.width * zoom_, kPortraitDisplay.height * zoom_);
+  update();
+}
+
 void FrameWidget::present(const Frame& frame) {
   if (frame.pixels == nullptr || frame.width != frame_.width() || frame.height != frame_.height()) return;
   for (int y = 0; y < frame.height; ++y) {

@@ -24,6 +24,8 @@ class FrameWidget : public QWidget, public Display {
   void showFrame();
 
   int zoom() const { return zoom_; }
+  // Shows the screen at another integer zoom.
+  void setZoom(int zoom);
   const QImage& frameImage() const { return frame_; }
   bool showingInfo() const { return info_; }
   const std::vector<InfoLine>& infoLines() const { return lines_; }

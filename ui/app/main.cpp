@@ -86,7 +86,12 @@ int main(int argc, char** argv) {
   config.zoom = zoom;
   config.options = options;
   config.serverBase = serverBase;
+  config.zoomChanged = [](int chosen) {
+    QSettings settings(WindowSettingsPath(), QSettings::IniFormat);
+    settings.setValue("zoom", chosen);
+  };
   MainWindow main(config);
+  main.setZoom(zoom);  // no larger than the screen leaves room for
 
   QLocalServer server;
   QLocalServer::removeServer(instance);

@@ -4,7 +4,7 @@
 
 #include "core/analysis/pass_search.h"
 #include "core/elements/catalogue.h"
-#include "core/elements/element_file_commands.h"
+#include "ui/app/element_file_commands.h"
 #include "gps/gps_data.h"
 #include "gps/gps_settings.h"
 #include "settings/settings.h"

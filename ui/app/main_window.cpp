@@ -1,23 +1,26 @@
 #include "ui/app/main_window.h"
 
+#include <QActionGroup>
 #include <QCloseEvent>
 #include <QDateTime>
-#include <QDesktopServices>
 #include <QFileDialog>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenuBar>
 #include <QPainter>
+#include <QScreen>
 #include <QShortcut>
 #include <QStatusBar>
+#include <QStyle>
 #include <QToolBar>
-#include <QUrl>
+#include <algorithm>
 
 #include "core/astro/julian_date.h"
 #include "gps/gps_receiver.h"
 #include "gps/linux_system_clock.h"
 #include "settings/settings_io.h"
 #include "ui/app/clock_tick.h"
+#include "ui/app/open_file_dialog.h"
 #include "ui/app/qt_message_sink.h"
 #include "ui/app/start_up.h"
 #include "ui/app/window_dialogs.h"
@@ -172,10 +175,10 @@ void MainWindow::startGps() {
   gps_ = std::make_unique<GpsThread>(clock_);
   if (config_.startGps) {
     std::string reason;
-    StartGpsReceiver(*gps_, gps, config_.portMap, reason);
+    StartGpsReceiver(*gps_, gps, s.gpsDevices, reason);
   } else {
     gps.tracking = 0;
-    gps_->configure(gps, config_.portMap);
+    gps_->configure(gps, s.gpsDevices);
   }
   state_->app.gpsTracking = gps.tracking;
 }
@@ -232,6 +235,7 @@ void MainWindow::buildMenus() {
     add(edit, i);
   }
   add(edit, Item{"Radio", kCmdRadio});
+  buildViewMenu();
   QMenu* help = menuBar()->addMenu("Help");
   for (const Item& i : {Item{"About", kCmdAbout}, Item{"Help", kCmdHelp}}) add(help, i);
   auto* quit = new QShortcut(QKeySequence("Ctrl+Q"), this);
@@ -251,6 +255,58 @@ void MainWindow::buildButtons() {
     connect(a, &QAction::triggered, this, [this, c = commands[i]] { runCommand(c); });
   }
   addToolBar(Qt::BottomToolBarArea, buttons_);
+}
+
+// "View": the screen's zoom, 1 to 4 times; sizes that do not fit the screen are greyed.
+void MainWindow::buildViewMenu() {
+  viewMenu_ = menuBar()->addMenu("View");
+  viewMenu_->setObjectName("viewMenu");
+  auto* group = new QActionGroup(viewMenu_);
+  for (int zoom = 1; zoom <= 4; ++zoom) {
+    QAction* a = viewMenu_->addAction(QString("Zoom x%1").arg(zoom));
+    a->setObjectName(QString("zoom%1").arg(zoom));
+    a->setCheckable(true);
+    group->addAction(a);
+    connect(a, &QAction::triggered, this, [this, zoom] { setZoom(zoom); });
+  }
+  connect(viewMenu_, &QMenu::aboutToShow, this, [this] { updateZoomMenu(); });
+}
+
+void MainWindow::updateZoomMenu() {
+  const int largest = largestZoom();
+  for (int zoom = 1; zoom <= 4; ++zoom) {
+    QAction* a = viewMenu_->findChild<QAction*>(QString("zoom%1").arg(zoom));
+    if (a == nullptr) continue;
+    a->setChecked(zoom == frame_->zoom());
+    a->setEnabled(zoom <= largest);
+  }
+}
+
+int MainWindow::largestZoom() const {
+  const QScreen* s = screen();
+  if (s == nullptr) return 4;
+  const QRect room = s->availableGeometry();
+  // Menus and buttons (hidden in full screen, back afterwards), and the
+  // window manager's frame: before the window is framed, a title bar's worth.
+  const bool framed = frameGeometry().size() != size();
+  const int borderWidth = framed ? frameGeometry().width() - width() : 8;
+  const int borderHeight =
+      framed ? frameGeometry().height() - height() : style()->pixelMetric(QStyle::PM_TitleBarHeight) + 8;
+  const QSize hint = sizeHint();
+  const int chromeWidth = hint.width() - frame_->width() + borderWidth;
+  int chromeHeight = hint.height() - frame_->height() + borderHeight;
+  if (fullScreen_) chromeHeight += menuBar()->sizeHint().height() + buttons_->sizeHint().height();
+  return FittingZoom(4, room.width(), room.height(), chromeWidth, chromeHeight);
+}
+
+void MainWindow::setZoom(int zoom) {
+  zoom = std::clamp(zoom, 1, largestZoom());
+  if (zoom != frame_->zoom()) {
+    frame_->setZoom(zoom);
+    adjustSize();
+    if (config_.zoomChanged) config_.zoomChanged(zoom);
+  }
+  updateZoomMenu();
 }
 
 QAction* MainWindow::action(int command) const { return findChild<QAction*>(QString("command%1").arg(command)); }
@@ -316,15 +372,16 @@ void MainWindow::setFullScreenView(bool full) {
   fullScreen_ = full;
   menuBar()->setVisible(!full);
   buttons_->setVisible(!full);
-  statusBar()->setVisible(!full && radio_->active());
+  statusBar()->setVisible(!full && radio_ && radio_->active());
   adjustSize();
 }
 
 std::optional<std::string> MainWindow::chooseElementFile() {
   if (fileChooser) return fileChooser();
-  const QString path = QFileDialog::getOpenFileName(this, "Open File", QString(), "All (*.tle);;All files (*)");
-  if (path.isEmpty()) return std::nullopt;
-  return path.toStdString();
+  QFileDialog dialog(this);
+  ConfigureOpenDialog(dialog, state_->settings.lastOpen);
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  return dialog.selectedFiles().first().toStdString();
 }
 
 void MainWindow::runDialog(Command command) {
@@ -339,7 +396,6 @@ void MainWindow::runDialog(Command command) {
                           *messages_,
                           *caches_,
                           *gps_,
-                          config_.portMap,
                           clock,
                           [this]() -> HttpClient& { return httpClient(); },
                           config_.serverBase,
@@ -359,7 +415,8 @@ void MainWindow::openDocument(const std::string& path) {
     documentOpener(path);
     return;
   }
-  QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(path)));
+  if (help_ == nullptr) help_ = new HelpWindow(this);
+  help_->showPage(path);
 }
 
 void MainWindow::closeWindow() {
@@ -395,6 +452,9 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   radioTimer_.stop();
   if (gps_) gps_->stop();
   radio_->stop();
+  // A download still running is abandoned: nothing of it is loaded or saved.
+  if (ownHttp_) ownHttp_->cancel();
+  if (config_.http != nullptr) config_.http->cancel();
   event->accept();
 }
 

@@ -12,9 +12,9 @@
 #include "download/http_client.h"
 #include "download/platform_http.h"
 #include "gps/gps_thread.h"
-#include "gps/port_tables.h"
 #include "gps/steady_clock.h"
 #include "ui/app/frame_widget.h"
+#include "ui/app/help_window.h"
 #include "ui/app/main_state.h"
 #include "ui/app/program_options.h"
 #include "ui/app/radio_station.h"
@@ -26,6 +26,7 @@
 
 class QAction;
 class QLabel;
+class QMenu;
 class QToolBar;
 
 namespace norvane {
@@ -38,11 +39,11 @@ struct WindowConfig {
   int zoom = 1;
   ProgramOptions options;
   bool startGps = true;        // try the configured port and start the reader
-  GpsPortMap portMap;
   std::string serverBase = kDefaultElementServer;  // "Get Last" fetches from here
   std::string documentsFolder;   // downloads go here; the user's documents folder when empty
   HttpClient* http = nullptr;    // the platform's client, made on the first download, when null
   SystemClock* systemClock = nullptr;  // the system clock when null
+  std::function<void(int)> zoomChanged;  // told the zoom chosen in the View menu
 };
 
 // The tracker's one window: menus, the five image buttons, the one-second
@@ -69,6 +70,10 @@ class MainWindow : public QMainWindow, public CommandHost {
   // Repaints the active view now.
   void paintView();
   void startTimer1s();
+  // The largest zoom at which the window fits the screen's free room.
+  int largestZoom() const;
+  // Shows the screen at a zoom, no larger than the screen allows.
+  void setZoom(int zoom);
 
   // Seams for the dialogs and desktop services; tests replace them.
   std::function<std::optional<std::string>()> fileChooser;
@@ -90,6 +95,8 @@ class MainWindow : public QMainWindow, public CommandHost {
  private:
   void buildMenus();
   void buildButtons();
+  void buildViewMenu();
+  void updateZoomMenu();
   void startGps();
   void apply(const ScreenRequest& request);
   void setFullScreenView(bool full);
@@ -112,6 +119,8 @@ class MainWindow : public QMainWindow, public CommandHost {
   std::unique_ptr<HttpClient> ownHttp_;
   FrameWidget* frame_ = nullptr;
   QToolBar* buttons_ = nullptr;
+  QMenu* viewMenu_ = nullptr;
+  HelpWindow* help_ = nullptr;
   QTimer timer_;
   bool fullScreen_ = false;
   bool closing_ = false;

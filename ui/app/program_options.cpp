@@ -89,6 +89,12 @@ void ApplyClockOptions(const ProgramOptions& options, AppState& app) {
   if (app.simulationMode == SimulationMode::Pause && !options.time) app.pausedTime = app.currentTime;
 }
 
+int FittingZoom(int wanted, int availableWidth, int availableHeight, int chromeWidth, int chromeHeight) {
+  int zoom = wanted;
+  while (zoom > 1 && (240 * zoom + chromeWidth > availableWidth || 320 * zoom + chromeHeight > availableHeight)) --zoom;
+  return zoom < 1 ? 1 : zoom;
+}
+
 std::string ProgramFolder(const char* norvaneHome, const std::string& dataHome) {
   if (norvaneHome != nullptr && norvaneHome[0] != '\0') return norvaneHome;
   if (dataHome.empty()) return "";

@@ -13,13 +13,13 @@ struct ProgramOptions {
   std::optional<CalendarTime> time;        // UTC start of the simulated clock
   std::optional<SimulationMode> clock;     // clock mode at start
   std::optional<int> zoom;                 // 1..4
-  std::optional<std::string> server;       // element-set server base URL, http:// or https://
+  std::optional<std::string> server;       // element-set server: base URL or URL template with {group}, http(s)
   bool help = false;
 };
 
 inline constexpr const char* kProgramUsage =
     "usage: norvane [--tle FILE] [--time \"YYYY-MM-DD HH:MM:SS\"] [--clock real|pause|x1|x10|x30|x60] "
-    "[--zoom 1-4] [--server URL]";
+    "[--zoom 1-4] [--server URL|TEMPLATE]";
 
 // Reads the arguments after the program name (Qt's own options already
 // removed). Returns the error text for a bad command line.
@@ -28,6 +28,11 @@ std::optional<std::string> ParseProgramOptions(const std::vector<std::string>& a
 // Applies --time and --clock to a freshly created state: the clock starts at
 // the given time (x1 unless another mode is named); "pause" holds it there.
 void ApplyClockOptions(const ProgramOptions& options, AppState& app);
+
+// The largest zoom, at most wanted and at least 1, at which the 240 x 320
+// screen and the window's menus and borders (chrome, pixels) fit the room
+// the desktop leaves (available, pixels).
+int FittingZoom(int wanted, int availableWidth, int availableHeight, int chromeWidth, int chromeHeight);
 
 // The program folder: NORVANE_HOME when set and not empty, else
 // <dataHome>/Norvane. dataHome is the user's data folder.

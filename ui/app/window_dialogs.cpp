@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "download/fetch_log.h"
 #include "download/platform_http.h"
 #include "ui/app/about_dialog.h"
 #include "ui/dialogs/download_dialog.h"
@@ -26,7 +27,7 @@ void RunSettings(QWidget* parent, DialogServices& d) {
 void RunGpsSettings(QWidget* parent, DialogServices& d) {
   MainState& s = d.state;
   s.gpsSettings.tracking = s.app.gpsTracking;
-  runGpsSettingsDialog(parent, {s.gpsSettings, s.settings, d.store, s.app, d.gps, d.ports, d.messages});
+  runGpsSettingsDialog(parent, {s.gpsSettings, s.settings, d.store, s.app, d.gps, d.messages});
 }
 
 void RunTime(QWidget* parent, DialogServices& d) {
@@ -38,8 +39,10 @@ void RunDownload(QWidget* parent, DialogServices& d) {
   MainState& s = d.state;
   DownloadContext context{d.http(), d.messages, d.store, d.serverBase,
                           d.documents.empty() ? documentsFolder() : d.documents};
+  // Shared with norvane-cli: both keep to the server's pace.
+  if (!s.programFolder.empty()) context.fetchLogPath = s.programFolder + "/" + kFetchLogFileName;
   DownloadTarget target{s.catalogue, s.settings, s.app.iridiumFile};
-  runDownloadDialog(parent, context, target, d.serverBase);
+  runDownloadDialog(parent, context, target, serverHomePage(d.serverBase));
 }
 
 }  // namespace

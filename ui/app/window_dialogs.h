@@ -7,7 +7,6 @@
 #include "core/platform/system_clock.h"
 #include "download/http_client.h"
 #include "gps/gps_thread.h"
-#include "gps/port_tables.h"
 #include "ui/app/main_state.h"
 #include "ui/app/window_commands.h"
 #include "ui/views/view_world.h"
@@ -23,10 +22,9 @@ struct DialogServices {
   MessageSink& messages;
   ViewCaches& caches;        // model constants and look-angle cache, shared with the views
   GpsThread& gps;
-  const GpsPortMap& ports;
   SystemClock& clock;        // read and set by "Set GPS time"
   std::function<HttpClient&()> http;  // made on first use
-  std::string serverBase;    // element-set server, also its home page
+  std::string serverBase;    // element-set server: a base URL or a URL template
   std::string documents;     // where downloads are kept; the user's documents folder when empty
 };
 

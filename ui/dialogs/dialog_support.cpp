@@ -1,5 +1,10 @@
 #include "ui/dialogs/dialog_support.h"
 
+#include <QFontMetrics>
+#include <QHeaderView>
+#include <QScreen>
+#include <QScrollBar>
+#include <algorithm>
 #include <charconv>
 #include <climits>
 
@@ -14,7 +19,34 @@ std::string_view numberStart(const QByteArray& bytes) {
   return text;
 }
 
+constexpr int kSortKeyRole = Qt::UserRole + 1;
+
 }  // namespace
+
+void SortableRow::setSortKey(int column, double key) { setData(column, kSortKeyRole, key); }
+
+bool SortableRow::operator<(const QTreeWidgetItem& other) const {
+  const int column = treeWidget() != nullptr ? treeWidget()->sortColumn() : 0;
+  const QVariant mine = data(column, kSortKeyRole);
+  const QVariant theirs = other.data(column, kSortKeyRole);
+  if (mine.isValid() && theirs.isValid()) return mine.toDouble() < theirs.toDouble();
+  return text(column).compare(other.text(column), Qt::CaseInsensitive) < 0;
+}
+
+void FitColumns(QTreeWidget& list, const QStringList& samples) {
+  const QFontMetrics metrics(list.font());
+  const int margin = 2 * metrics.averageCharWidth();  // the text margins of a cell
+  for (int c = 0; c < list.columnCount(); ++c) {
+    list.resizeColumnToContents(c);  // rows and heading, sort arrow included
+    if (c < samples.size()) {
+      const int wanted = metrics.horizontalAdvance(samples[c]) + margin;
+      if (wanted > list.header()->sectionSize(c)) list.header()->resizeSection(c, wanted);
+    }
+  }
+  int width = list.header()->length() + 2 * list.frameWidth() + list.verticalScrollBar()->sizeHint().width();
+  if (const QScreen* screen = list.screen()) width = std::min(width, screen->availableGeometry().width() * 9 / 10);
+  list.setMinimumWidth(width);
+}
 
 // Parsed without the locale: the program's numbers always use a decimal point.
 int LeadingInt(const QString& text) {

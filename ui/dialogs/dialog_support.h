@@ -1,6 +1,8 @@
 #pragma once
 #include "core/text/format.h"
 #include <QString>
+#include <QStringList>
+#include <QTreeWidget>
 #include <QWidget>
 #include <cstdio>
 #include <string>
@@ -25,6 +27,20 @@ W* Named(W* widget, const char* id) {
   widget->setObjectName(QString::fromLatin1(id));
   return widget;
 }
+
+// A list row that sorts a column by its number where the row gives it one
+// (setSortKey), and by text without regard to case elsewhere.
+class SortableRow : public QTreeWidgetItem {
+ public:
+  using QTreeWidgetItem::QTreeWidgetItem;
+  void setSortKey(int column, double key);
+  bool operator<(const QTreeWidgetItem& other) const override;
+};
+
+// Widens every column of a list to its heading, its rows and the sample text
+// of that column (for lists that fill later), and the list so that every
+// column shows whole, as far as the screen's width allows.
+void FitColumns(QTreeWidget& list, const QStringList& samples = {});
 
 // The leading integer of a text as a C library scan would read it ("%d"); 0 when there is none.
 int LeadingInt(const QString& text);

@@ -26,10 +26,15 @@ DownloadDialog::DownloadDialog(DownloadContext& context, DownloadTarget& target,
     categories_->addItem(QString::fromUtf8(c.label.data(), static_cast<qsizetype>(c.label.size())));
   }
   categories_->setCurrentIndex(kFirstShownCategory);
-  auto* fetch = Named(new QPushButton(QStringLiteral("Download"), this), "button1058");
+  fetch_ = Named(new QPushButton(QStringLiteral("Download"), this), "button1058");
   auto* site = Named(new QPushButton(QStringLiteral("Go to WebSite"), this), "button1043");
-  auto* server = new QLabel(QString::fromStdString(context.serverBase), this);
-  connect(fetch, &QPushButton::clicked, this, [this] { download(); });
+  url_ = Named(new QLabel(this), "requestUrl");
+  url_->setWordWrap(true);
+  url_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  status_ = Named(new QLabel(this), "downloadStatus");
+  showRequestUrl();
+  connect(categories_, &QComboBox::currentIndexChanged, this, [this] { showRequestUrl(); });
+  connect(fetch_, &QPushButton::clicked, this, [this] { download(); });
   connect(site, &QPushButton::clicked, this, [this] {
     if (openSite_) openSite_(homePage_);
   });
@@ -38,17 +43,46 @@ DownloadDialog::DownloadDialog(DownloadContext& context, DownloadTarget& target,
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(categories_);
-  layout->addWidget(fetch);
-  layout->addWidget(server);
+  layout->addWidget(fetch_);
+  layout->addWidget(url_);
+  layout->addWidget(status_);
   layout->addWidget(site);
   layout->addWidget(buttons);
 }
 
+void DownloadDialog::showRequestUrl() {
+  const int row = categories_->currentIndex();
+  if (row < 0 || row >= kCategoryCount) {
+    url_->clear();
+    return;
+  }
+  url_->setText(QString::fromStdString(categoryUrl(context_.serverBase, categories()[static_cast<std::size_t>(row)].fileName)));
+}
+
 void DownloadDialog::download() {
   const int row = categories_->currentIndex();
-  if (row < 0 || row >= kCategoryCount) return;  // stays open
-  result_ = downloadCategory(row, context_, target_);
-  done(QDialog::Accepted);
+  if (row < 0 || row >= kCategoryCount || running_) return;  // stays open
+  running_ = true;
+  fetch_->setEnabled(false);
+  categories_->setEnabled(false);
+  status_->setText(QStringLiteral("Connecting..."));
+  DownloadContext context = context_;
+  context.progress = [this](std::size_t bytes) {
+    status_->setText(QStringLiteral("Downloading: %1 bytes received").arg(static_cast<qulonglong>(bytes)));
+  };
+  result_ = downloadCategory(row, context, target_);
+  running_ = false;
+  fetch_->setEnabled(true);
+  categories_->setEnabled(true);
+  status_->clear();
+  // A cancelled download has already closed the dialog (or the program is quitting).
+  if (result_.status != DownloadStatus::Cancelled) done(QDialog::Accepted);
+}
+
+void DownloadDialog::done(int result) {
+  // OK, Cancel, Escape and the window's close all end here: a running download goes with the dialog.
+  if (running_) context_.http.cancel();
+  QDialog::done(result);
 }
 
 bool runDownloadDialog(QWidget* parent, DownloadContext& context, DownloadTarget& target,
@@ -57,7 +91,8 @@ bool runDownloadDialog(QWidget* parent, DownloadContext& context, DownloadTarget
                         [](const std::string& url) { QDesktopServices::openUrl(QUrl(QString::fromStdString(url))); },
                         parent);
   dialog.exec();
-  return dialog.downloadResult().status != DownloadStatus::NotStarted;
+  const DownloadStatus status = dialog.downloadResult().status;
+  return status != DownloadStatus::NotStarted && status != DownloadStatus::Cancelled;
 }
 
 }  // namespace norvane

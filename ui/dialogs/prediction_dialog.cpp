@@ -3,6 +3,7 @@
 #include <QDateEdit>
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
@@ -10,6 +11,7 @@
 #include <QTimeEdit>
 #include <QTreeWidget>
 #include <QVBoxLayout>
+#include <cmath>
 
 #include "core/astro/julian_date.h"
 #include "ui/dialogs/dialog_support.h"
@@ -18,6 +20,10 @@ namespace norvane {
 namespace {
 
 enum Column { kSat = 0, kTime, kStatus, kMagnitude, kFlareAngle, kNrInFile };
+
+// Each list row remembers which stored row it shows, so that it stays
+// right however the list is sorted.
+constexpr int kStoredRowRole = Qt::UserRole + 2;
 
 // Drives the two bars from the search; they repaint while the search runs.
 class BarProgress : public PassSearchProgress {
@@ -54,10 +60,10 @@ PredictionDialog::PredictionDialog(const PredictionContext& context, QWidget* pa
   list_->setRootIsDecorated(false);
   list_->setSelectionBehavior(QAbstractItemView::SelectRows);
   list_->setSelectionMode(QAbstractItemView::ExtendedSelection);
+  list_->header()->setSortIndicator(-1, Qt::AscendingOrder);  // unsorted: newest first
   list_->setHeaderLabels({QStringLiteral("Sat"), QStringLiteral("Time"), QStringLiteral("Status"),
                           QStringLiteral("Magnitude"), QStringLiteral("Flare angle"), QStringLiteral("Nr in file")});
-  const int widths[] = {105, 130, 30, 50, 40, 30};
-  for (int c = 0; c < 6; ++c) list_->setColumnWidth(c, widths[c]);
+  list_->setMinimumHeight(200);
   satellites_ = Named(new QProgressBar(this), "progress1017");
   time_ = Named(new QProgressBar(this), "progress1018");
   auto* predictButton = Named(new QPushButton(QStringLiteral("Predict"), this), "button1027");
@@ -75,9 +81,11 @@ PredictionDialog::PredictionDialog(const PredictionContext& context, QWidget* pa
   if (const QDate d(year, month, day); d.isValid()) date_->setDate(d);
   if (const QTime t(hour, minute, second); t.isValid()) clock_->setTime(t);
 
-  for (const PredictionRow& row : context.store.rows) {
-    addRow(FormatPredictionRow(row, context.catalogue, context.app.utcOffset, false));
-  }
+  fillList(false);
+  // Wide enough for a name, a date and time and a magnitude before the first search.
+  FitColumns(*list_, {QStringLiteral("COSMOS 482 DESCENT CRAFT  "), QStringLiteral("2017-12-31 23:59:59"),
+                      QStringLiteral("Eclipsed"), QStringLiteral("-10.0"), QStringLiteral("10.00 deg"),
+                      QStringLiteral("180")});
   connect(predictButton, &QPushButton::clicked, this, [this] { predict(); });
 
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
@@ -99,10 +107,26 @@ PredictionDialog::PredictionDialog(const PredictionContext& context, QWidget* pa
   layout->addWidget(buttons);
 }
 
-void PredictionDialog::addRow(const PredictionRowTexts& t) {
-  auto* item = new QTreeWidgetItem(QStringList{Latin1(t.sat), Latin1(t.time), Latin1(t.status),
-                                               Latin1(t.magnitude), Latin1(t.flareAngle), Latin1(t.nrInFile)});
-  list_->insertTopLevelItem(0, item);  // the latest found row stands first
+void PredictionDialog::fillList(bool freshSearch) {
+  list_->setSortingEnabled(false);
+  list_->clear();
+  const std::vector<PredictionRow>& rows = context_.store.rows;
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    const PredictionRow& row = rows[i];
+    const PredictionRowTexts t = FormatPredictionRow(row, context_.catalogue, context_.app.utcOffset, freshSearch);
+    auto* item = new SortableRow(QStringList{Latin1(t.sat), Latin1(t.time), Latin1(t.status), Latin1(t.magnitude),
+                                             Latin1(t.flareAngle), Latin1(t.nrInFile)});
+    item->setSortKey(kTime, row.time);
+    // Rows without a figure ("N/A") sort after every number.
+    const bool numbered = row.state == 4 || row.state == 5;
+    item->setSortKey(kMagnitude, numbered ? row.magnitude : HUGE_VAL);
+    item->setSortKey(kFlareAngle, row.state == 5 ? row.flareAngle : HUGE_VAL);
+    item->setSortKey(kNrInFile, row.satellite);
+    item->setData(kSat, kStoredRowRole, static_cast<int>(i));
+    list_->insertTopLevelItem(0, item);  // the latest found row stands first
+  }
+  // Sorted again only after a click on a heading has chosen a column.
+  list_->setSortingEnabled(true);
 }
 
 void PredictionDialog::predict() {
@@ -119,11 +143,8 @@ void PredictionDialog::predict() {
   BarProgress progress(*satellites_, *time_);
   SearchPasses(context_.catalogue, context_.app.observer, context_.cache, context_.models, options, context_.store,
                &progress);
-  // The list shows this search only, so list rows map to stored rows.
-  list_->clear();
-  for (const PredictionRow& row : context_.store.rows) {
-    addRow(FormatPredictionRow(row, context_.catalogue, context_.app.utcOffset, true));
-  }
+  fillList(true);
+  FitColumns(*list_);
   context_.messages.show(SearchResultText(context_.store), kSearchResultTitle, MessageIcon::Information);
 }
 
@@ -133,7 +154,7 @@ void PredictionDialog::accept() {
     const QTreeWidgetItem* item = list_->topLevelItem(r);
     if (!item->isSelected()) continue;
     const int slot = LeadingInt(item->text(kNrInFile));
-    const int stored = StoredRowOfListRow(context_.store, r);
+    const int stored = item->data(kSat, kStoredRowRole).toInt();
     if (slot < 0 || slot >= kCatalogueSlots || stored < 0) continue;
     if (stored >= static_cast<int>(context_.store.rows.size())) continue;
     if (slot < kSelectionFlags) context_.catalogue.selected[static_cast<std::size_t>(slot)] = 1;

@@ -41,7 +41,8 @@ class PredictionDialog : public QDialog {
   QTreeWidget* list() const { return list_; }
 
  private:
-  void addRow(const PredictionRowTexts& texts);
+  // Lists every stored row, newest first (until a heading click sorts the list).
+  void fillList(bool freshSearch);
 
   PredictionContext context_;
   QTreeWidget* list_;

@@ -9,22 +9,13 @@
 #include <QVBoxLayout>
 
 #include "core/elements/element_info.h"
+#include "core/propagation/propagate.h"
 #include "ui/dialogs/dialog_support.h"
 
 namespace norvane {
 namespace {
 
 enum Column { kName = 0, kCatnr, kElement, kEpoch, kSlot };
-
-// The list sorts its rows by name without regard to case.
-class SatelliteRow : public QTreeWidgetItem {
- public:
-  using QTreeWidgetItem::QTreeWidgetItem;
-  bool operator<(const QTreeWidgetItem& other) const override {
-    const int column = treeWidget() ? treeWidget()->sortColumn() : 0;
-    return text(column).compare(other.text(column), Qt::CaseInsensitive) < 0;
-  }
-};
 
 }  // namespace
 
@@ -42,10 +33,7 @@ SatSelectionDialog::SatSelectionDialog(Catalogue& catalogue, AppState& app, QWid
   list_->setSelectionMode(QAbstractItemView::ExtendedSelection);
   list_->setHeaderLabels({QStringLiteral("Sel./Sat"), QStringLiteral("Cat #"), QStringLiteral("Element #"),
                           QStringLiteral("Epoch"), QStringLiteral("In file #")});
-  const int widths[] = {100, 50, 40, 220, 60};
-  for (int c = 0; c < 5; ++c) list_->setColumnWidth(c, widths[c]);
-  // Show the name, number and epoch columns whole where the screen allows it.
-  list_->setMinimumSize(360, 240);
+  list_->setMinimumHeight(240);
 
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
@@ -69,14 +57,20 @@ void SatSelectionDialog::fillList() {
   const int count = std::min(std::max(catalogue_.satelliteCount, 0), kCatalogueSlots);
   for (int i = 0; i < count; ++i) {
     const SelectionRowTexts t = FormatSelectionRow(catalogue_, i, app_.currentTime);
-    auto* row = new SatelliteRow(QStringList{Latin1(t.name), Latin1(t.catnr), Latin1(t.elementNumber),
-                                             Latin1(t.epoch), Latin1(t.slot)});
+    auto* row = new SortableRow(QStringList{Latin1(t.name), Latin1(t.catnr), Latin1(t.elementNumber),
+                                            Latin1(t.epoch), Latin1(t.slot)});
+    const Satellite& sat = catalogue_.satellites[static_cast<std::size_t>(i)];
+    row->setSortKey(kCatnr, sat.catnr);
+    row->setSortKey(kElement, LeadingInt(row->text(kElement)));
+    row->setSortKey(kEpoch, epochToJulian(sat.epoch));
+    row->setSortKey(kSlot, i);
     row->setFlags(row->flags() | Qt::ItemIsUserCheckable);
     row->setCheckState(kName, Qt::Unchecked);
     list_->addTopLevelItem(row);
   }
   list_->setSortingEnabled(true);
   list_->sortByColumn(kName, Qt::AscendingOrder);
+  FitColumns(*list_);
   // Rows are found by their "In file #" text, never by position: the list is sorted.
   for (int r = 0; r < list_->topLevelItemCount(); ++r) {
     QTreeWidgetItem* row = list_->topLevelItem(r);

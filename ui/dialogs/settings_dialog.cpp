@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QVBoxLayout>
+#include <charconv>
 #include <utility>
 
 #include "settings/settings_io.h"
@@ -34,7 +35,13 @@ long long unsignedValue(const QString& text) {
   return trimmed.size() > 12 ? 1000000000000LL : trimmed.toLongLong();
 }
 
-QString frequencyText(double mhz) { return Latin1(FormatText("%g", mhz)); }
+// The shortest text that reads back as the same double: OK without an edit
+// saves exactly what was there.
+QString frequencyText(double mhz) {
+  char text[32];
+  const auto result = std::to_chars(text, text + sizeof text, mhz);
+  return QString::fromLatin1(text, static_cast<qsizetype>(result.ptr - text));
+}
 
 }  // namespace
 

@@ -27,6 +27,10 @@ enum class SimulationMode : std::int16_t {
   X60 = 5
 };
 
+// The tap point of no tap: far enough off the screen that no satellite
+// marker is ever within picking distance of it.
+inline constexpr Point kNoTap{-32768, -32768};
+
 // The application state the views read and, for taps, change. The main
 // window owns one and passes it to every paint.
 struct AppState {
@@ -38,7 +42,7 @@ struct AppState {
   std::int32_t currentSatellite = 0;
   std::int32_t tapPicked = 0;
   std::int32_t dragActive = 0;
-  Point tapPoint;  // frame-buffer pixels
+  Point tapPoint = kNoTap;  // frame-buffer pixels
   std::int32_t gpsTracking = 1;
   std::int32_t iridiumFile = 0;
   std::int32_t flaresEnabled = 0;

@@ -1,5 +1,6 @@
 #include "ui/views/info_page.h"
 
+#include <array>
 #include <cmath>
 #include <cstdio>
 #include <cstring>
@@ -14,6 +15,7 @@
 #include "core/astro/sub_satellite_point.h"
 #include "core/astro/vector_math.h"
 #include "core/propagation/propagate.h"
+#include "core/propagation/propagator.h"
 #include "ui/surface/primitives.h"
 #include "ui/surface/text.h"
 #include "ui/surface/color.h"
@@ -117,6 +119,38 @@ std::string StatusLine(int code, const InfoReading& r, int s4s8) {
     case 11: return s4s8 == kSgp8Mode ? "SxP8-SxP4" : "SxP4-SxP8";
     default: return "Properties not predicted.";
   }
+}
+
+using Vec3 = std::array<double, 3>;
+
+Vec3 Minus(const Vec3& a, const Vec3& b) { return {a[0] - b[0], a[1] - b[1], a[2] - b[2]}; }
+double Dot(const Vec3& a, const Vec3& b) { return a[0] * b[0] + a[1] * b[1] + a[2] * b[2]; }
+double Length(const Vec3& a) { return std::sqrt(Dot(a, a)); }
+Vec3 Cross(const Vec3& a, const Vec3& b) {
+  return {a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2], a[0] * b[1] - a[1] * b[0]};
+}
+Vec3 Unit(const Vec3& a) {
+  const double n = Length(a);
+  return n > 0.0 ? Vec3{a[0] / n, a[1] / n, a[2] / n} : Vec3{};
+}
+
+// The two lines under the comparison heading: how far the other model family
+// puts the satellite from the one in use (in use minus other), as a distance
+// and speed and split along the orbit of the family in use: radial (up),
+// along-track (the direction of flight) and cross-track (the orbit normal).
+void AddComparisonLines(const Satellite& sat, double jd, int s4s8, std::vector<InfoLine>& lines) {
+  const bool sgp8 = s4s8 == kSgp8Mode;
+  Propagator shown(sat, sgp8 ? ModelFamily::Sgp8Sdp8 : ModelFamily::Sgp4Sdp4);
+  Propagator other(sat, sgp8 ? ModelFamily::Sgp4Sdp4 : ModelFamily::Sgp8Sdp8);
+  const OrbitState a = shown.stateAt(jd);
+  const OrbitState b = other.stateAt(jd);
+  const Vec3 dr = Minus(a.positionKm, b.positionKm);
+  const Vec3 dv = Minus(a.velocityKmS, b.velocityKmS);
+  const Vec3 up = Unit(a.positionKm);
+  const Vec3 normal = Unit(Cross(a.positionKm, a.velocityKmS));
+  const Vec3 along = Cross(normal, up);
+  lines.push_back({format("dPos %.3f km", Length(dr)), format("dVel %.2f m/s", Length(dv) * 1000.0)});
+  lines.push_back({format("Radial %.2f Along %.2f Cross %.2f km", Dot(dr, up), Dot(dr, along), Dot(dr, normal)), ""});
 }
 
 void AddDateLines(const AppState& app, const Satellite& sat, std::vector<InfoLine>& lines) {
@@ -254,6 +288,11 @@ std::vector<InfoLine> FormatInfoPage(ViewWorld& world, Settings& settings, InfoT
                                 settings.flares != 0,
                                 options.modelComparison};
   lines.push_back({StatusLine(InfoStatusCode(status), r, settings.s4s8), "", 1, InfoBlock::Plain, true});
+  if (options.modelComparison) {
+    lines.back().ruleBelow = false;
+    AddComparisonLines(sat, world.app.currentTime, settings.s4s8, lines);
+    lines.back().ruleBelow = true;
+  }
 
   if (const double table = TableDownlink(sat.catnr); table != 0.0) {
     settings.downlink = table;

@@ -41,7 +41,8 @@ struct InfoTiming {
 
 // What the page needs beyond the world.
 struct InfoOptions {
-  bool modelComparison = false;  // the settings dialog's "test" box, not saved
+  bool modelComparison = false;  // the settings dialog's "test" box, not saved: the
+                                 // status line heads two lines comparing the model families
 };
 
 // Figures the status line is chosen from.

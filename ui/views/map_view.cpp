@@ -125,7 +125,7 @@ void DrawSatellites(ViewWorld& world) {
     Keyed(world, catnr != 25544 ? world.skins.notSelected : world.skins.iss, p.x - 3, p.y - 3);
     if (app.tapPoint.x > p.x - 7 && app.tapPoint.x < p.x + 7 && app.tapPoint.y > p.y - 7 && app.tapPoint.y < p.y + 7) {
       app.currentSatellite = i;
-      app.tapPoint = {0, 0};
+      app.tapPoint = kNoTap;  // later satellites near the same tap stay unpicked
     }
     if (i != app.currentSatellite) continue;
     Keyed(world, world.skins.sat, p.x - 3, p.y - 3);
@@ -163,7 +163,9 @@ MapPoint MoonPoint(const DrawingSurface& surface, const Geodetic& observer, doub
   MoonPosition(jd - kMoonEpoch, observer, horizontal, sub);
   MapPoint out;
   out.place.lat = sub.lat;
-  out.place.lon = sub.lon;
+  // The sub-point's longitude runs unreduced; the projection takes off 2 pi
+  // only once, so it is brought into [0, 2 pi) here.
+  out.place.lon = FMod2p(sub.lon);
   out.place.alt = sub.distance;
   out.screen = MapProject(out.place, surface.width, surface.height);
   return out;

@@ -21,6 +21,7 @@
 #include "ui/surface/primitives.h"
 #include "ui/surface/text.h"
 #include "ui/views/label.h"
+#include "ui/views/moon_phase.h"
 #include "ui/views/sky_projection.h"
 #include "core/analysis/eclipse.h"
 #include "ui/views/view_analysis.h"
@@ -245,8 +246,8 @@ void DrawPlanets(SkyPaint& s) {
   }
 }
 
-// The Moon's disc with its unlit part from the dark skin: the terminator lies
-// at cos(pi * phase) of each row's half width, on the side away from the Sun.
+// The Moon's disc with its unlit part from the dark skin, the terminator
+// scaled to the disc inside the skin's box.
 void DrawMoon(SkyPaint& s) {
   MoonHorizontal horizontal;
   MoonSubPoint sub;
@@ -258,21 +259,17 @@ void DrawMoon(SkyPaint& s) {
   const Image& dark = s.world.skins.moonDark;
   s.keyed(moon, p->x - 6, p->y - 6);
   if (dark.empty() || dark.width != moon.width || dark.height != moon.height) return;
-  const double boundary = std::cos(kPi * s.moonPhase);
+  const MoonDisc disc = DiscOf(moon, s.world.skins.key);
   const bool waxing = s.moonAge < kPi;
-  const double centre = (dark.width - 1) * 0.5;
   for (std::int32_t row = 0; row < dark.height; ++row) {
     for (std::int32_t col = 0; col < dark.width; ++col) {
-      const double u = (col - centre) / (centre + 0.5);
-      const double v = (row - centre) / (centre + 0.5);
-      const double half = std::sqrt(std::fmax(0.0, 1.0 - v * v));
-      const bool unlit = waxing ? u < boundary * half : u > -boundary * half;
       const std::uint16_t value = dark.at(col, row);
-      if (unlit && value != s.world.skins.key) PutPixel(s.surface, p->x - 6 + col, p->y - 6 + row, value);
+      if (value != s.world.skins.key && MoonPixelUnlit(disc, col, row, s.moonPhase, waxing)) {
+        PutPixel(s.surface, p->x - 6 + col, p->y - 6 + row, value);
+      }
     }
   }
 }
-
 
 // The current satellite's path from a quarter period before now to a quarter
 // period after, in two tones: dim behind it, bright ahead, each by the

@@ -1,4 +1,4 @@
-#include "core/elements/element_file_commands.h"
+#include "ui/app/element_file_commands.h"
 
 #include <gtest/gtest.h>
 
@@ -9,7 +9,7 @@
 #include "core/elements/selection_file.h"
 #include "settings/memory_settings_store.h"
 #include "tests/common/test_support.h"
-#include "tle_fixtures.h"
+#include "tests/elements/tle_fixtures.h"
 
 namespace norvane {
 namespace {

@@ -1,4 +1,4 @@
-#include "core/elements/element_file_commands.h"
+#include "ui/app/element_file_commands.h"
 
 #include <cstdio>
 #include <memory>
@@ -16,16 +16,14 @@ struct FileCloser {
   void operator()(std::FILE* f) const { std::fclose(f); }
 };
 
-// The first 33301 bytes of a file, with the two failure messages of the
-// "Open" command; an unopened file reads nothing and so fails its read too.
+// The file's element text (see readElementBytes), with the two failure
+// messages of the "Open" command; an unopened file reads nothing and so fails
+// its read too.
 std::string readCapped(const std::string& path, MessageSink& messages) {
   const std::unique_ptr<std::FILE, FileCloser> file(std::fopen(path.c_str(), "rb"));
   if (!file) messages.show("I can't open the file!", "", MessageIcon::Stop);
-  std::string buffer(kMaxElementFileBytes, '\0');
-  std::size_t got = 0;
-  if (file) got = std::fread(buffer.data(), 1, buffer.size(), file.get());
-  if (!file || std::ferror(file.get())) messages.show("Read failed!", "", MessageIcon::Stop);
-  buffer.resize(got);
+  std::string buffer;
+  if (!file || !readElementBytes(file.get(), buffer)) messages.show("Read failed!", "", MessageIcon::Stop);
   return buffer;
 }
 
@@ -66,11 +64,12 @@ int OpenChosenFile(ElementFileState& state, Catalogue& catalogue, Settings& sett
   if (isIridiumFileName(path, IridiumMatch::EitherCaseFirstLetter)) state.iridiumFile = 1;
   else settings.flares = 0;
 
-  const int count = loadElementText(catalogue, text);
+  const ElementLoad load = loadElements(catalogue, text);
+  const int count = load.count;
   ResetViewMatrix(state.viewMatrix);
   char message[512];
   std::snprintf(message, sizeof message, "Data of %d satellites successfully read from %s", count, path.c_str());
-  messages.show(message, "Info", MessageIcon::Information);
+  messages.show(withSkippedLine(message, load.skipped), "Info", MessageIcon::Information);
 
   const LinkFrequencies links = frequenciesForFile(path);
   settings.downlink = links.downlink;
