@@ -75,6 +75,21 @@ Record& Record::add(std::string key, double value) {
   return *this;
 }
 
+Record& Record::add(std::string key, const std::vector<std::string>& texts) {
+  std::string json = "[";
+  std::string text;
+  for (const std::string& t : texts) {
+    if (json.size() > 1) {
+      json += ",";
+      text += "; ";
+    }
+    json += jsonString(t);
+    text += t;
+  }
+  fields_.push_back({std::move(key), json + "]", text});
+  return *this;
+}
+
 Record& Record::add(std::string key, int value) {
   std::string text = std::to_string(value);
   fields_.push_back({std::move(key), text, text});

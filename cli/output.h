@@ -20,6 +20,8 @@ class Record {
   Record& addBool(std::string key, bool value);
   // A list of numbers: a JSON array, or the numbers separated by blanks.
   Record& add(std::string key, std::span<const double> values);
+  // A list of texts: a JSON array of strings, or the texts separated by "; ".
+  Record& add(std::string key, const std::vector<std::string>& texts);
 
   // Writes the record and flushes the stream.
   void print(std::FILE* out, bool json) const;

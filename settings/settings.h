@@ -3,6 +3,8 @@
 #include <string>
 #include "gps/port_tables.h"
 
+#include "settings/radio_settings.h"
+
 namespace norvane {
 
 // Every persisted user setting, with the value it has before anything is loaded.
@@ -35,6 +37,8 @@ struct Settings {
   double passMinElevation = 0.0;       // "PassMinElevation": deg, a pass counts when it culminates this high
   std::int32_t passAlarmMinutes = 0;   // "PassAlarmMinutes": warning this long before AOS, 0 = off
   std::int32_t passAlarmScope = 0;     // "PassAlarmScope": 0 = the selected satellites, 1 = the current one only
+
+  RadioSettings radio;              // radio and rotator control, a group of its own
 };
 
 }  // namespace norvane

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "settings/radio_setting_values.h"
 #include "settings/setting_values.h"
 
 namespace norvane {
@@ -45,6 +46,7 @@ void LoadValue(const SettingValue& value, Settings& settings, SettingsStore& sto
 std::int32_t loadSettings(Settings& settings, SettingsStore& store) {
   if (!store.readable()) return -1;
   for (const SettingValue& value : settingValues()) LoadValue(value, settings, store);
+  for (const SettingValue& value : radioSettingValues()) LoadValue(value, settings, store);
   return settings.city;
 }
 

@@ -11,6 +11,7 @@
 #include <QPainter>
 #include <QScreen>
 #include <QShortcut>
+#include <QStatusBar>
 #include <QStyle>
 #include <QToolBar>
 #include <algorithm>
@@ -156,6 +157,14 @@ MainWindow::MainWindow(WindowConfig config, QWidget* parent)
   buildMenus();
   buildButtons();
   connect(&timer_, &QTimer::timeout, this, [this] { tick(); });
+  radio_ = std::make_unique<RadioStation>();
+  radioStatus_ = new QLabel(this);
+  radioStatus_->setObjectName("radioStatus");
+  // Two lines at most: a long error is cut at the window's edge and shown whole as the tool tip.
+  radioStatus_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  statusBar()->addWidget(radioStatus_, 1);
+  connect(&radioTimer_, &QTimer::timeout, this, [this] { updateRadio(); });
+  configureRadio();
 
   LoadSkins(*skins_, surface_, config_.programFolder + "/skins", *messages_);
   if (auto* own = dynamic_cast<QtMessageSink*>(ownMessages_.get())) own->setModal(true);
@@ -165,6 +174,7 @@ MainWindow::MainWindow(WindowConfig config, QWidget* parent)
 
 MainWindow::~MainWindow() {
   if (gps_) gps_->stop();
+  if (radio_) radio_->stop();
 }
 
 void MainWindow::startGps() {
@@ -182,7 +192,39 @@ void MainWindow::startGps() {
   state_->app.gpsTracking = gps.tracking;
 }
 
-void MainWindow::startTimer1s() { timer_.start(1000); }
+void MainWindow::startTimer1s() {
+  timer_.start(1000);
+  if (radio_->active() && radio_->periodMs() < 1000) radioTimer_.start(radio_->periodMs());
+}
+
+void MainWindow::configureRadio() {
+  radioTimer_.stop();
+  radio_->configure(state_->settings.radio, state_->programFolder + "/Frequencies.txt");
+  radioStatus_->setVisible(radio_->active());
+  if (radio_->active() && timer_.isActive() && radio_->periodMs() < 1000) radioTimer_.start(radio_->periodMs());
+  updateRadio();
+}
+
+void MainWindow::updateRadio() {
+  if (!radio_->active()) return;
+  const AppState& app = state_->app;
+  StationInput in;
+  if (app.currentSatellite >= 0 && app.currentSatellite < state_->catalogue.satelliteCount) {
+    in.satellite = &state_->catalogue.satellites[app.currentSatellite];
+  }
+  in.observer = app.observer;
+  // Real time runs on the system clock to the millisecond; simulated clocks on the tracker's time.
+  in.jd = app.simulationMode == SimulationMode::RealTime
+              ? 2440587.5 + static_cast<double>(QDateTime::currentMSecsSinceEpoch()) / 86400000.0
+              : app.currentTime;
+  in.downlinkMHz = state_->settings.downlink;
+  in.uplinkMHz = state_->settings.uplink;
+  in.family = state_->settings.s4s8 == 1 ? ModelFamily::Sgp8Sdp8 : ModelFamily::Sgp4Sdp4;
+  radio_->update(in);
+  const QString text = QString::fromStdString(radio_->radioLine() + "\n" + radio_->rotatorLine());
+  radioStatus_->setText(text);
+  radioStatus_->setToolTip(text);
+}
 
 void MainWindow::buildMenus() {
   struct Item {
@@ -203,6 +245,7 @@ void MainWindow::buildMenus() {
   }
   edit->addSeparator();
   add(edit, Item{"Passes", kCmdPasses});
+  add(edit, Item{"Radio", kCmdRadio});
   buildViewMenu();
   QMenu* help = menuBar()->addMenu("Help");
   for (const Item& i : {Item{"About", kCmdAbout}, Item{"Help", kCmdHelp}}) add(help, i);
@@ -329,6 +372,7 @@ void MainWindow::tick(const CalendarTime& utc) {
   takeGps();
   apply(Tick(*state_, utc));
   watchPasses();
+  updateRadio();
 }
 
 void MainWindow::tick() { tick(SystemUtc()); }
@@ -383,6 +427,7 @@ std::optional<std::string> MainWindow::chooseElementFile() {
 void MainWindow::runDialog(Command command) {
   if (dialogRunner) {
     dialogRunner(command);
+    if (command == kCmdRadio) configureRadio();
     return;
   }
   SystemClock& clock = config_.systemClock != nullptr ? *config_.systemClock : *ownSystemClock_;
@@ -396,6 +441,7 @@ void MainWindow::runDialog(Command command) {
                           config_.serverBase,
                           config_.documentsFolder};
   RunWindowDialog(this, command, services);
+  if (command == kCmdRadio) configureRadio();
 }
 
 HttpClient& MainWindow::httpClient() {
@@ -443,7 +489,9 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     if (!state_->settings.lastOpen.empty()) saveLastFileGroup(state_->settings, *config_.store);
   }
   timer_.stop();
+  radioTimer_.stop();
   if (gps_) gps_->stop();
+  radio_->stop();
   // A download still running is abandoned: nothing of it is loaded or saved.
   if (ownHttp_) ownHttp_->cancel();
   if (config_.http != nullptr) config_.http->cancel();

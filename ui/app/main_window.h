@@ -18,6 +18,7 @@
 #include "ui/app/main_state.h"
 #include "ui/app/pass_notifier.h"
 #include "ui/app/program_options.h"
+#include "ui/app/radio_station.h"
 #include "ui/app/screen_request.h"
 #include "ui/app/window_commands.h"
 #include "ui/surface/drawing_surface.h"
@@ -58,6 +59,9 @@ class MainWindow : public QMainWindow, public CommandHost {
   FrameWidget& frame() { return *frame_; }
   bool fullScreenView() const { return fullScreen_; }
   QAction* action(int command) const;
+  RadioStation& radio() { return *radio_; }
+  // The radio and rotator status line under the screen (hidden while both are off).
+  QLabel* radioStatus() const { return radioStatus_; }
 
   // One command, as its menu item or button would run it.
   void runCommand(int command);
@@ -105,6 +109,8 @@ class MainWindow : public QMainWindow, public CommandHost {
   void takeGps();
   ViewWorld world();
   HttpClient& httpClient();
+  void configureRadio();
+  void updateRadio();
 
   WindowConfig config_;
   std::unique_ptr<MainState> state_;
@@ -127,6 +133,10 @@ class MainWindow : public QMainWindow, public CommandHost {
   bool fullScreen_ = false;
   bool closing_ = false;
   bool wasActive_ = false;
+
+  std::unique_ptr<RadioStation> radio_;
+  QTimer radioTimer_;  // updates faster than the tick when a period below a second is set
+  QLabel* radioStatus_ = nullptr;
 };
 
 // The system clock's UTC and local calendar time now.

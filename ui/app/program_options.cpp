@@ -109,6 +109,7 @@ bool SeedProgramFolder(const std::string& programFolder, const std::string& data
   const fs::path data(dataFolder);
   CopyMissing(data / "skins", home / "skins", error);
   CopyMissing(data / "Cities.loc", home / "Cities.loc", error);
+  CopyMissing(data / "Frequencies.txt", home / "Frequencies.txt", error);
   // Help.htm and its pictures sit side by side.
   if (fs::is_directory(data / "help", error)) {
     for (const auto& entry : fs::directory_iterator(data / "help", error)) {

@@ -51,6 +51,7 @@ bool IsDialogCommand(int command) {
     case kCmdAbout:
     case kCmdTime:
     case kCmdPasses: return true;
+    case kCmdRadio: return true;
     default: return false;
   }
 }

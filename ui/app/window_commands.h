@@ -28,6 +28,7 @@ enum Command : int {
   kCmdGetLast = 40052,
   kCmdGps = 40053,
   kCmdGpsView = 40054,
+  kCmdRadio = 40060,  // Edit / "Radio": radio and rotator control
   kCmdPasses = 40100,  // Edit / "Passes": the pass planner's list and alarms
 };
 

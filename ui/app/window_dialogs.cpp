@@ -10,6 +10,7 @@
 #include "ui/dialogs/gps_settings_dialog.h"
 #include "ui/dialogs/position_dialog.h"
 #include "ui/dialogs/prediction_dialog.h"
+#include "ui/dialogs/radio_dialog.h"
 #include "ui/dialogs/sat_selection_dialog.h"
 #include "ui/dialogs/settings_dialog.h"
 #include "ui/dialogs/time_dialog.h"
@@ -93,6 +94,7 @@ void RunWindowDialog(QWidget* parent, Command command, DialogServices& d) {
     case kCmdTime: RunTime(parent, d); break;
     case kCmdGetLast: RunDownload(parent, d); break;
     case kCmdPasses: RunPasses(parent, d); break;
+    case kCmdRadio: runRadioDialog(parent, s.settings, d.store); break;
     default: break;
   }
 }
