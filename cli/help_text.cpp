@@ -93,6 +93,8 @@ constexpr HelpText kTexts[] = {
     {"", "period", "The seconds between two updates (default 1)."},
     {"", "frequencies", "A frequency file: catalogue number, name, downlink and uplink (MHz), mode and inverting "
                         "flag per line."},
+    {"track", "mode",
+     "The radio mode for a satellite the frequency file does not list: FM, USB, LSB, CW or another Hamlib mode."},
     {"", "inverting", "The transponder inverts: its uplink moves against its downlink."},
     {"", "offset", "A tuning offset in Hz within a linear transponder's pass band."},
     {"", "az-range", "The rotator's azimuth travel: 0 to 360, -180 to 180 or 0 to 450 degrees."},

@@ -77,7 +77,9 @@ struct Window {
     window->show();
   }
   QString status() const { return window->radioStatus()->text(); }
-  bool statusShown() const { return window->statusBar()->isVisible(); }
+  bool statusShown() const {
+    return window->statusBar()->isVisible() && window->findChild<QLabel*>("radioStatus")->isVisibleTo(window.get());
+  }
 
   testing::TempFolder home;
   MemorySettingsStore store;
