@@ -251,17 +251,23 @@ void RadioLink::serviceRig(Daemon& d) {
   }
   if (!ok || !d.connection.isOpen()) return;
   // Read the frequency back: it shows what the radio is on, and finds a daemon that went away.
+  const auto reply = readBack(d, "f", 1);
+  if (!reply) return;
+  std::lock_guard lock(mutex_);
+  if (reply->status == ReplyStatus::Values) status_.rigRxHz = reply->values[0];
+}
+
+std::optional<HamlibReply> RadioLink::readBack(Daemon& d, std::string_view command, int expectedValues) {
   std::string error;
-  const auto reply = d.connection.request("f", 1, config_.timeoutMs, wakeRead_, error);
+  auto reply = d.connection.request(command, expectedValues, config_.timeoutMs, wakeRead_, error);
   if (!reply) {
     fail(d, std::string(d.name) + ": " + error, true);
-    return;
+    return std::nullopt;
   }
   d.retryMs = 0;
   d.status.state = LinkState::Connected;
   d.status.error.clear();
-  std::lock_guard lock(mutex_);
-  if (reply->status == ReplyStatus::Values) status_.rigRxHz = reply->values[0];
+  return reply;
 }
 
 void RadioLink::serviceRotator(Daemon& d) {
@@ -278,15 +284,8 @@ void RadioLink::serviceRotator(Daemon& d) {
     if (!send(d, format("P %.1f %.1f", target->azimuthDeg, target->elevationDeg))) return;
     d.lastPosition = target;
   }
-  std::string error;
-  const auto reply = d.connection.request("p", 2, config_.timeoutMs, wakeRead_, error);
-  if (!reply) {
-    fail(d, std::string(d.name) + ": " + error, true);
-    return;
-  }
-  d.retryMs = 0;
-  d.status.state = LinkState::Connected;
-  d.status.error.clear();
+  const auto reply = readBack(d, "p", 2);
+  if (!reply) return;
   std::lock_guard lock(mutex_);
   if (reply->status == ReplyStatus::Values) status_.rotatorPosition = AzEl{reply->values[0], reply->values[1]};
 }

@@ -5,10 +5,12 @@
 #include <mutex>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <thread>
 #include <vector>
 
 #include "core/radio/doppler.h"
+#include "core/radio/hamlib_reply.h"
 #include "core/radio/radio_mode.h"
 #include "core/radio/rotator.h"
 
@@ -83,6 +85,8 @@ class RadioLink {
   bool ensureConnected(Daemon& d);
   void fail(Daemon& d, const std::string& reason, bool dropConnection);
   bool send(Daemon& d, const std::string& command);
+  // Asks a read-back command; a reply marks the daemon connected, no reply fails it.
+  std::optional<HamlibReply> readBack(Daemon& d, std::string_view command, int expectedValues);
   void sendOptional(Daemon& d, const std::string& command);
   void logCommand(const std::string& command);
 

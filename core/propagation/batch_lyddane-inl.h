@@ -231,6 +231,37 @@ HWY_INLINE void StoreState(Tag d, const StateLanes& s, double* const columns[6],
   hn::StoreU(s.vz * kms, d, columns[5] + row);
 }
 
+// Runs a model's lane kernel over rows [begin, end) of c at jd (UTC days),
+// each lane at its own time since epoch, and stores the states in out.
+template <class Field, class Kernel>
+HWY_INLINE void PropagateRows(const SoaColumns<Field>& c, double jd, std::size_t begin, std::size_t end,
+                              BatchStates& out, Kernel kernel) {
+  const Tag d;
+  const std::size_t lanes = hn::Lanes(d);
+  double* columns[6];
+  for (std::size_t i = 0; i < 6; ++i) columns[i] = out.column(static_cast<StateField>(i));
+  const Vd when = hn::Set(d, jd);
+  const Vd minutesPerDay = hn::Set(d, 1440.0);
+  for (std::size_t row = begin / lanes * lanes; row < end; row += lanes) {
+    const Vd t = (when - hn::LoadU(d, c.column(Field::EpochJd) + row)) * minutesPerDay;
+    StoreState(d, kernel(d, RowSource<Field>{c, row}, t), columns, row);
+  }
+}
+
+// Runs a model's lane kernel for one satellite's values at count times
+// (minutes since epoch) and stores the states in out.
+template <class Field, class Kernel>
+HWY_INLINE void PropagateTimes(const double* values, const double* tsince, std::size_t count, BatchStates& out,
+                               Kernel kernel) {
+  const Tag d;
+  const std::size_t lanes = hn::Lanes(d);
+  double* columns[6];
+  for (std::size_t i = 0; i < 6; ++i) columns[i] = out.column(static_cast<StateField>(i));
+  for (std::size_t row = 0; row < count; row += lanes) {
+    StoreState(d, kernel(d, BroadcastSource<Field>{values}, hn::LoadU(d, tsince + row)), columns, row);
+  }
+}
+
 }  // namespace norvane::HWY_NAMESPACE::batch
 HWY_AFTER_NAMESPACE();
 

@@ -228,34 +228,15 @@ HWY_INLINE StateLanes Sdp4Lanes(Tag d, const Source& source, Vd t) {
   return LyddaneLanes(d, m, sp);
 }
 
-void outputColumns(BatchStates& out, double* columns[6]) {
-  for (std::size_t i = 0; i < 6; ++i) columns[i] = out.column(static_cast<StateField>(i));
-}
-
 }  // namespace
 
 void Sdp4Rows(const SoaColumns<Sdp4Field>& c, double jd, std::size_t begin, std::size_t end, BatchStates& out) {
-  const Tag d;
-  const std::size_t lanes = hn::Lanes(d);
-  double* columns[6];
-  outputColumns(out, columns);
-  const Vd when = hn::Set(d, jd);
-  const Vd minutesPerDay = hn::Set(d, 1440.0);
-  for (std::size_t row = begin / lanes * lanes; row < end; row += lanes) {
-    const Vd t = (when - hn::LoadU(d, c.column(Sdp4Field::EpochJd) + row)) * minutesPerDay;
-    StoreState(d, Sdp4Lanes(d, RowSource<Sdp4Field>{c, row}, t), columns, row);
-  }
+  PropagateRows(c, jd, begin, end, out, [](Tag d, const auto& source, Vd t) { return Sdp4Lanes(d, source, t); });
 }
 
 void Sdp4Times(const double* values, const double* tsince, std::size_t count, BatchStates& out) {
-  const Tag d;
-  const std::size_t lanes = hn::Lanes(d);
-  double* columns[6];
-  outputColumns(out, columns);
-  for (std::size_t row = 0; row < count; row += lanes) {
-    const Vd t = hn::LoadU(d, tsince + row);
-    StoreState(d, Sdp4Lanes(d, BroadcastSource<Sdp4Field>{values}, t), columns, row);
-  }
+  PropagateTimes<Sdp4Field>(values, tsince, count, out,
+                            [](Tag d, const auto& source, Vd t) { return Sdp4Lanes(d, source, t); });
 }
 
 }  // namespace norvane::HWY_NAMESPACE
