@@ -19,7 +19,7 @@ trap cleanup EXIT
 # Xvfb picks a free display number itself: other test runs may hold theirs.
 Xvfb -displayfd 3 -screen 0 800x800x24 -nolisten tcp 3>"$work/display" >/dev/null 2>&1 &
 xvfb_pid=$!
-for _ in $(seq 50); do [ -s "$work/display" ] && break; sleep 0.1; done
+for _ in $(seq 300); do [ -s "$work/display" ] && break; sleep 0.1; done  # a loaded machine starts Xvfb slowly
 display=":$(head -1 "$work/display")"
 export DISPLAY=$display QT_QPA_PLATFORM=xcb NORVANE_HOME=$work/home XDG_CONFIG_HOME=$work/config
 export XDG_DATA_HOME=$work/data XDG_RUNTIME_DIR=$work
