@@ -22,7 +22,7 @@ inline constexpr std::string_view kDownloadUserAgent =
 inline constexpr std::size_t kDownloadMaxBytes = 33301;
 // The element server's data change at most this often, and it refuses to hand
 // the same file to one client more often.
-inline constexpr UnixSeconds kRefetchSeconds = 2 * 3600;
+inline constexpr UnixSeconds kRefetchSeconds = UnixSeconds{2} * 3600;
 
 // The services and places a download uses.
 struct DownloadContext {

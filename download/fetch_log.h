@@ -26,7 +26,7 @@ using FetchLog = std::map<std::string, FetchRecord>;
 inline constexpr const char* kFetchLogFileName = "Downloads.json";
 
 // A log file is small; anything longer is not one.
-inline constexpr std::size_t kMaxFetchLogBytes = 256 * 1024;
+inline constexpr std::size_t kMaxFetchLogBytes = std::size_t{256} * 1024;
 // The records kept: the most recently fetched ones.
 inline constexpr std::size_t kMaxFetchRecords = 200;
 

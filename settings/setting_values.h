@@ -18,7 +18,7 @@ struct SettingValue {
 };
 
 // Width of "GPSDevices": nine paths of up to 259 bytes, each ended by a line feed, then a zero.
-inline constexpr std::size_t kGpsDevicesBytes = 9 * 260;
+inline constexpr std::size_t kGpsDevicesBytes = std::size_t{9} * 260;
 
 // Every value in the order the load reads them.
 std::span<const SettingValue> settingValues();

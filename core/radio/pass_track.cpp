@@ -68,7 +68,7 @@ PassTrack SampleNextPass(Propagator& propagator, const Geodetic& observer, doubl
     if (t >= end) return track;
     aos = Crossing(propagator, observer, t, t + kCoarseStep, false, minEl);
   }
-  double los = aos;
+  double los = 0;
   if (track.neverSets) {
     los = startJd + search.searchDays;
   } else {

@@ -128,7 +128,8 @@ TEST_F(RadioLinkTest, SimulatedPassReachesTheDummyRadioAndRotator) {
   // x60 clock: 3 s of the pass every 50 ms, checked at several moments.
   int checked = 0;
   double largestShift = 0;
-  for (double jd = tca - 4.0 / 1440; jd <= tca + 4.0 / 1440; jd += 3.0 / 86400) {
+  for (int second = -240; second <= 240; second += 3) {
+    const double jd = tca + second / 86400.0;
     const ControlStep step = loop.step(jd);
     link.setFrequencies(step.frequencies);
     link.setRotator(step.rotator.position);
