@@ -136,7 +136,8 @@ void PassesDialog::refresh() {
     if (p.los < now && !p.neverSets) continue;
     if (p.aos > now + kListedDays) continue;
     listed_.push_back(p);
-    auto* item = new QTreeWidgetItem(list_, RowTexts(p, context_.app.utcOffset));
+    list_->addTopLevelItem(new QTreeWidgetItem(RowTexts(p, context_.app.utcOffset)));
+    QTreeWidgetItem* item = list_->topLevelItem(list_->topLevelItemCount() - 1);
     for (int c = 1; c < list_->columnCount(); ++c) item->setTextAlignment(c, Qt::AlignRight | Qt::AlignVCenter);
     if (p.slot == context_.app.currentSatellite) {
       QFont bold = item->font(0);
