@@ -1,0 +1,34 @@
+#pragma once
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "core/elements/satellite.h"
+#include "core/propagation/batch_layout.h"
+#include "core/propagation/propagator.h"
+
+namespace norvane {
+
+// States of many satellites, each at a time of its own, in one call: what a
+// search over a whole catalogue asks for when every satellite has reached a
+// different point of its own search. Each state equals the first call of a
+// freshly initialised Propagator (SGP4 or SDP4 by the orbit's period) at that
+// time, to well under a millimetre.
+class BatchPropagator {
+ public:
+  BatchPropagator() = default;
+  explicit BatchPropagator(std::span<const Satellite> satellites);
+
+  std::size_t size() const { return models_.size(); }
+
+  // Row k of out gets satellite satellites[k] at UTC Julian date jds[k]; out
+  // is resized to satellites.size() rows. Both spans have the same length and
+  // every index is below size().
+  void statesAt(std::span<const std::uint32_t> satellites, std::span<const double> jds, BatchStates& out) const;
+
+ private:
+  std::vector<Propagator> models_;
+};
+
+}  // namespace norvane
