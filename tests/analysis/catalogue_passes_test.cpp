@@ -68,7 +68,8 @@ TEST(CataloguePasses, PreFilterKeepsEverySatelliteThatRises) {
   geostationary.xno = 1.0027;
   int left = 0;
   for (const Satellite& sat : {low, geostationary}) {
-    for (double lat = 0.0; lat <= 90.0; lat += 3.0) {
+    for (int degrees = 0; degrees <= 90; degrees += 3) {
+      const double lat = degrees;
       const Geodetic observer{lat * kDegree, 0.0, 0.0, 0};
       const bool rises = !planPasses(sat, 0, observer, kStart, kStart + 1.0, {}).empty();
       if (rises) {

@@ -106,7 +106,8 @@ class Reference {
       p.maxElevation = fine[top].second;
       // A pass through the zenith peaks sharply: 0.05 s steps around the top.
       if (fine[top].second > 80 * kDegree) {
-        for (double dt = -1; dt <= 1; dt += 0.05) {
+        for (int step = -20; step <= 20; ++step) {
+          const double dt = step * 0.05;
           const double e = elevation(fine[top].first + dt * kSecond);
           if (e > p.maxElevation) {
             p.maxElevation = e;
