@@ -14,6 +14,7 @@
 #include "core/astro/numeric.h"
 #include "core/astro/observer.h"
 #include "core/astro/vector_math.h"
+#include "hwy/targets.h"
 
 namespace norvane {
 namespace {
@@ -209,44 +210,49 @@ TEST(SkyViewSampleMany, EqualsSampleRowByRow) {
 
     SkyView lanes(where), scalar(where);
     std::vector<SkySample> many(jds.size());
-    lanes.sampleMany(jds, states, many);
-    for (std::size_t k = 0; k < jds.size(); ++k) {
-      OrbitState state;
-      for (std::size_t i = 0; i < 3; ++i) {
-        state.positionKm[i] = states.at(static_cast<StateField>(i), k);
-        state.velocityKmS[i] = states.at(static_cast<StateField>(i + 3), k);
-      }
-      const SkySample one = scalar.sample(jds[k], state);
-      const SkySample& m = many[k];
-      ASSERT_EQ(m.valid, one.valid) << k;
-      EXPECT_EQ(m.jd, one.jd);
-      EXPECT_EQ(m.valid, k < 2 || k > 4) << k;
-      valid += one.valid ? 1 : 0;
-      below += one.elevation < 0 ? 1 : 0;
-      // At the zenith the elevation and the separation are as flat as arcsine
-      // and arccosine at 1, and the azimuth is any value; due north (row 1)
-      // it may come out as 0 or as a whole turn.
-      const double angleTolerance = k == 0 ? 1e-7 : 1e-9;
-      for (const auto& [a, b] : {std::pair{m.elevation, one.elevation}, {m.separation, one.separation},
-                                 {k == 0 ? 0.0 : m.azimuth, k == 0 ? 0.0 : one.azimuth}}) {
-        const double difference = std::fabs(std::remainder(a - b, kTwoPi));
-        EXPECT_LT(difference, angleTolerance) << k << ": " << a << " " << b;
-        if (k != 0) worstAngle = std::max(worstAngle, difference);
-      }
-      EXPECT_NEAR(m.separationRate, one.separationRate, 1e-9 * std::max(1.0, std::fabs(one.separationRate))) << k;
-      for (const auto& [a, b] :
-           {std::pair{m.footToObserver, one.footToObserver}, {m.footToSatellite, one.footToSatellite},
-            {m.satPos.x, one.satPos.x}, {m.satPos.y, one.satPos.y}, {m.satPos.z, one.satPos.z},
-            {m.satPos.w, one.satPos.w}, {m.obsPos.x, one.obsPos.x}, {m.obsPos.y, one.obsPos.y},
-            {m.obsPos.z, one.obsPos.z}, {m.obsPos.w, one.obsPos.w}}) {
-        if (std::isnan(b)) {
-          EXPECT_TRUE(std::isnan(a)) << k;
-          continue;
+    // Every instruction set the machine runs.
+    for (const std::int64_t target : hwy::SupportedAndGeneratedTargets()) {
+      hwy::SetSupportedTargetsForTest(target);
+      lanes.sampleMany(jds, states, many);
+      for (std::size_t k = 0; k < jds.size(); ++k) {
+        OrbitState state;
+        for (std::size_t i = 0; i < 3; ++i) {
+          state.positionKm[i] = states.at(static_cast<StateField>(i), k);
+          state.velocityKmS[i] = states.at(static_cast<StateField>(i + 3), k);
         }
-        EXPECT_NEAR(a, b, 1e-6) << k;
-        worstKm = std::max(worstKm, std::fabs(a - b));
+        const SkySample one = scalar.sample(jds[k], state);
+        const SkySample& m = many[k];
+        EXPECT_EQ(m.valid, one.valid) << k;
+        EXPECT_EQ(m.jd, one.jd);
+        EXPECT_EQ(m.valid, k < 2 || k > 4) << k;
+        valid += one.valid ? 1 : 0;
+        below += one.elevation < 0 ? 1 : 0;
+        // At the zenith the elevation and the separation are as flat as arcsine
+        // and arccosine at 1, and the azimuth is any value; due north (row 1)
+        // it may come out as 0 or as a whole turn.
+        const double angleTolerance = k == 0 ? 1e-7 : 1e-9;
+        for (const auto& [a, b] : {std::pair{m.elevation, one.elevation}, {m.separation, one.separation},
+                                   {k == 0 ? 0.0 : m.azimuth, k == 0 ? 0.0 : one.azimuth}}) {
+          const double difference = std::fabs(std::remainder(a - b, kTwoPi));
+          EXPECT_LT(difference, angleTolerance) << k << ": " << a << " " << b;
+          if (k != 0) worstAngle = std::max(worstAngle, difference);
+        }
+        EXPECT_NEAR(m.separationRate, one.separationRate, 1e-9 * std::max(1.0, std::fabs(one.separationRate))) << k;
+        for (const auto& [a, b] :
+             {std::pair{m.footToObserver, one.footToObserver}, {m.footToSatellite, one.footToSatellite},
+              {m.satPos.x, one.satPos.x}, {m.satPos.y, one.satPos.y}, {m.satPos.z, one.satPos.z},
+              {m.satPos.w, one.satPos.w}, {m.obsPos.x, one.obsPos.x}, {m.obsPos.y, one.obsPos.y},
+              {m.obsPos.z, one.obsPos.z}, {m.obsPos.w, one.obsPos.w}}) {
+          if (std::isnan(b)) {
+            EXPECT_TRUE(std::isnan(a)) << k;
+            continue;
+          }
+          EXPECT_NEAR(a, b, 1e-6) << k;
+          worstKm = std::max(worstKm, std::fabs(a - b));
+        }
       }
     }
+    hwy::SetSupportedTargetsForTest(0);
   }
   std::printf("sampleMany vs sample: %d valid rows, %d below the horizon; largest differences %.3g rad, %.3g km\n",
               valid, below, worstAngle, worstKm);
