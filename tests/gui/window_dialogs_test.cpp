@@ -1,11 +1,9 @@
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QComboBox>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QDir>
-#include <QFile>
 #include <QFileDialog>
 #include <QListView>
 #include <QTest>
@@ -13,14 +11,11 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QTcpServer>
-#include <QTcpSocket>
 #include <QTimer>
 #include <QTimeEdit>
 #include <QProgressBar>
 #include <QHeaderView>
 #include <QTreeWidget>
-#include <clocale>
 #include <cmath>
 #include <fstream>
 #include <functional>
@@ -28,28 +23,15 @@
 
 #include "core/astro/julian_date.h"
 #include "tests/download/fixture_server.h"
-#include "tests/gui/gui_fixtures.h"
-#include "ui/app/main_window.h"
+#include "tests/gui/window_fixture.h"
 
 namespace norvane {
 namespace {
 
-using testing::RecordingSink;
 using testing::TempFolder;
 
 constexpr int kIssSlot = 106;  // in the bundled file
 constexpr double kDegree = 0.017453292519943295;
-
-QApplication& App() {
-  static int argc = 1;
-  static char name[] = "window_dialogs_test";
-  static char* argv[] = {name, nullptr};
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  // Kept to the end of the process: destroying it among the other statics crashes.
-  static QApplication* app = new QApplication(argc, argv);
-  std::setlocale(LC_NUMERIC, "C");
-  return *app;
-}
 
 // A system clock that is never really set.
 class FakeSystemClock : public SystemClock {
@@ -61,60 +43,21 @@ class FakeSystemClock : public SystemClock {
   int sets = 0;
 };
 
-// Answers every GET with the same body, on 127.0.0.1, in this thread's event loop
-// (the download waits in a nested one).
-class LocalElementServer {
- public:
-  explicit LocalElementServer(QByteArray body) : body_(std::move(body)) {
-    QObject::connect(&server_, &QTcpServer::newConnection, [this] {
-      while (QTcpSocket* socket = server_.nextPendingConnection()) serve(socket);
-    });
-    server_.listen(QHostAddress::LocalHost);
-  }
-  std::string base() const { return "http://127.0.0.1:" + std::to_string(server_.serverPort()); }
-  std::vector<QByteArray> paths;
-
- private:
-  void serve(QTcpSocket* socket) {
-    auto request = std::make_shared<QByteArray>();
-    QObject::connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
-    QObject::connect(socket, &QTcpSocket::readyRead, socket, [this, socket, request] {
-      *request += socket->readAll();
-      if (!request->contains("\r\n\r\n")) return;
-      paths.push_back(request->split(' ').value(1));
-      socket->write("HTTP/1.1 200 OK\r\nConnection: close\r\nContent-Length: " + QByteArray::number(body_.size()) +
-                    "\r\n\r\n" + body_);
-      socket->disconnectFromHost();
-    });
-  }
-  QTcpServer server_;
-  QByteArray body_;
-};
-
 // A window on the bundled elements at 2017-04-14 12:00 UTC, paused, over an
 // in-memory store, recording its messages, without GPS; dialogs run for real.
-struct Window {
+struct Window : testing::WindowHome {
   explicit Window(const std::string& name, std::string server = "http://127.0.0.1:9")
-      : home(name), documents(name + "_documents") {
-    App();
-    SeedProgramFolder(home.path.string(), NORVANE_DATA_DIR);
-    WindowConfig config;
-    config.programFolder = home.path.string();
-    config.store = &store;
-    config.messages = &sink;
-    config.options.tle = testing::BundledElements();
-    config.options.time = CalendarTime{2017, 4, 14, 12, 0, 0};
-    config.options.clock = SimulationMode::Pause;
-    config.startGps = false;
-    config.systemClock = &clock;
-    config.serverBase = std::move(server);
-    config.documentsFolder = documents.path.string();
-    window = std::make_unique<MainWindow>(config);
+      : WindowHome(name), documents(name + "_documents") {
+    WindowConfig c = config(testing::BundledAt({2017, 4, 14, 12, 0, 0}, SimulationMode::Pause));
+    c.systemClock = &clock;
+    c.serverBase = std::move(server);
+    c.documentsFolder = documents.path.string();
+    window = std::make_unique<MainWindow>(c);
     window->show();
     sink.texts.clear();
     sink.titles.clear();
   }
-  MainState& state() { return window->state(); }
+  ~Window() override { window.reset(); }
 
   // Runs a command and hands its dialog to act once it shows; a dialog that
   // act leaves open is cancelled. False when no dialog showed within 2 s.
@@ -139,11 +82,8 @@ struct Window {
     return seen;
   }
 
-  TempFolder home, documents;
-  MemorySettingsStore store;
-  RecordingSink sink;
+  TempFolder documents;
   FakeSystemClock clock;
-  std::unique_ptr<MainWindow> window;
 };
 
 template <typename W>
@@ -362,32 +302,30 @@ TEST(WindowDialogs, TimeOkSetsTheModeAndSetGpsTimeAsksForTracking) {
 }
 
 TEST(WindowDialogs, GetLastDownloadsFromTheServerIntoTheDocumentsFolder) {
-  App();
-  QFile bundled(QString::fromStdString(testing::BundledElements()));
-  ASSERT_TRUE(bundled.open(QIODevice::ReadOnly));
-  LocalElementServer server(bundled.readAll());
-  Window w("download", server.base());
+  testing::ElementServer server;  // tests/download/element_server.py
+  server.start();
+  ASSERT_NE(server.port(), 0);
+  Window w("download", server.base("ok"));
+  const std::filesystem::path copy = w.documents.path / "stations.txt";
   EXPECT_TRUE(w.dialog(kCmdGetLast, [](QDialog& d) { Cancel(d); }));
-  EXPECT_TRUE(server.paths.empty());
+  EXPECT_FALSE(std::filesystem::exists(copy));
+  EXPECT_TRUE(w.sink.texts.empty());
   w.state().app.iridiumFile = 1;
   EXPECT_TRUE(w.dialog(kCmdGetLast, [](QDialog& d) {
     EXPECT_EQ(Control<QComboBox>(d, "combo1059")->currentText(), "International Space Station");
     Control<QPushButton>(d, "button1058")->click();  // "Download" closes the dialog
   }));
-  EXPECT_EQ(server.paths, std::vector<QByteArray>{"/NORAD/elements/stations.txt"});
-  const std::string copy = (w.documents.path / "stations.txt").string();
   ASSERT_EQ(w.sink.texts.size(), 1u);
   EXPECT_EQ(w.sink.texts[0],
-            "Data of 144 satellites successfully read from " + server.base() + "/NORAD/elements/stations.txt.");
+            "Data of 144 satellites successfully read from " + server.base("ok") + "/NORAD/elements/stations.txt.");
   EXPECT_EQ(w.state().catalogue.satelliteCount, 144);
-  EXPECT_EQ(w.state().settings.lastOpen, copy);
-  EXPECT_EQ(std::filesystem::file_size(copy), static_cast<std::uintmax_t>(bundled.size()));
+  EXPECT_EQ(w.state().settings.lastOpen, copy.string());
+  EXPECT_EQ(std::filesystem::file_size(copy), std::filesystem::file_size(testing::BundledElements()));
   EXPECT_EQ(w.state().app.iridiumFile, 0);
   EXPECT_EQ(w.state().app.viewMode, ViewMode::Info);
 }
 
 TEST(WindowDialogs, CtrlQDuringADownloadAbandonsIt) {
-  App();
   testing::ElementServer server;  // tests/download/element_server.py: its trickling file takes 2.5 s
   server.start();
   ASSERT_NE(server.port(), 0);

@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
-#include <QApplication>
 #include <QMenuBar>
 #include <QTest>
 #include <QPixmap>
@@ -10,56 +9,27 @@
 #include <QUrl>
 #include <memory>
 
-#include "tests/gui/gui_fixtures.h"
-#include "ui/app/main_window.h"
+#include "tests/gui/window_fixture.h"
 
 namespace norvane {
 namespace {
 
-using testing::RecordingSink;
-using testing::TempFolder;
-
-QApplication& App() {
-  static int argc = 1;
-  static char name[] = "window_test";
-  static char* argv[] = {name, nullptr};
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  // Kept to the end of the process: destroying it among the other statics crashes.
-  static QApplication* app = new QApplication(argc, argv);
-  return *app;
-}
-
-// A window over an in-memory settings store, recording its messages, without GPS.
-struct Window {
-  explicit Window(const std::string& name, int zoom = 2, ProgramOptions options = {}) : home(name) {
-    App();
-    SeedProgramFolder(home.path.string(), NORVANE_DATA_DIR);
-    WindowConfig config;
-    config.programFolder = home.path.string();
-    config.store = &store;
-    config.messages = &sink;
-    config.zoom = zoom;
-    config.options = std::move(options);
-    config.startGps = false;
-    config.zoomChanged = [this](int z) { zooms.push_back(z); };
-    window = std::make_unique<MainWindow>(config);
-    window->dialogRunner = [this](Command c) { dialogs.push_back(c); };
+// A window recording the dialogs it would run and the zooms it reports.
+struct Window : testing::WindowHome {
+  explicit Window(const std::string& name, int zoom = 2, ProgramOptions options = {}) : WindowHome(name) {
+    WindowConfig c = config(std::move(options));
+    c.zoom = zoom;
+    c.zoomChanged = [this](int z) { zooms.push_back(z); };
+    window = std::make_unique<MainWindow>(c);
+    window->dialogRunner = [this](Command command) { dialogs.push_back(command); };
     window->show();
   }
-  TempFolder home;
-  MemorySettingsStore store;
-  RecordingSink sink;
+  ~Window() override { window.reset(); }
   std::vector<int> dialogs;
   std::vector<int> zooms;
-  std::unique_ptr<MainWindow> window;
 };
 
-ProgramOptions Bundled() {
-  ProgramOptions o;
-  o.tle = testing::BundledElements();
-  o.time = CalendarTime{2017, 4, 14, 20, 0, 0};
-  return o;
-}
+ProgramOptions Bundled() { return testing::BundledAt({2017, 4, 14, 20, 0, 0}); }
 
 TEST(Window, MenusButtonsAndTitle) {
   Window w("menus");

@@ -3,8 +3,6 @@
 // dies and comes back is picked up, and absent, silent or refusing daemons
 // never hold up the caller. Skipped when the daemons are not installed.
 #include <gtest/gtest.h>
-#include <netinet/in.h>
-#include <sys/socket.h>
 #include <unistd.h>
 
 #include <chrono>
@@ -22,6 +20,7 @@
 #include "radio/radio_link.h"
 #include "tests/analysis/analysis_fixtures.h"
 #include "tests/common/child_process.h"
+#include "tests/common/test_support.h"
 
 namespace norvane {
 namespace {
@@ -260,16 +259,10 @@ TEST_F(RadioLinkTest, NothingListeningLeavesTheCallerResponsive) {
 }
 
 TEST_F(RadioLinkTest, ListenerThatNeverAnswersLeavesTheCallerResponsive) {
-  const int listener = ::socket(AF_INET, SOCK_STREAM, 0);
-  sockaddr_in address{};
-  address.sin_family = AF_INET;
-  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-  socklen_t size = sizeof address;
-  ASSERT_EQ(::bind(listener, reinterpret_cast<sockaddr*>(&address), size), 0);
-  ASSERT_EQ(::listen(listener, 4), 0);
-  ::getsockname(listener, reinterpret_cast<sockaddr*>(&address), &size);
+  testing::SilentListener listener;
+  ASSERT_GT(listener.port, 0);
   RadioLinkConfig config = fastConfig();
-  config.rig = {true, "127.0.0.1", ntohs(address.sin_port), 50};
+  config.rig = {true, "127.0.0.1", listener.port, 50};
   config.timeoutMs = 300;
   RadioLink link(config);
   link.start();
@@ -282,7 +275,6 @@ TEST_F(RadioLinkTest, ListenerThatNeverAnswersLeavesTheCallerResponsive) {
   const auto t0 = Clock::now();
   patient.stop();
   EXPECT_LT(Clock::now() - t0, 200ms);
-  ::close(listener);
 }
 
 }  // namespace
