@@ -36,6 +36,11 @@ class RecordingSink : public MessageSink {
     for (const Shown& s : shown) out.push_back(s.text);
     return out;
   }
+  std::vector<std::string> titles() const {
+    std::vector<std::string> out;
+    for (const Shown& s : shown) out.push_back(s.title);
+    return out;
+  }
   std::vector<Shown> shown;
 };
 

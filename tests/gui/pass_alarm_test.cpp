@@ -53,7 +53,7 @@ class Notifications : public QDBusVirtualObject {
 };
 
 struct AlarmWorld : testing::WindowHome {
-  AlarmWorld() : WindowHome("alarm"), address(PrivateBus::address) {
+  AlarmWorld() : address(PrivateBus::address) {
     window = std::make_unique<MainWindow>(config(testing::BundledAt({2017, 4, 14, 19, 0, 0}, SimulationMode::X60)));
   }
 

@@ -19,7 +19,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 struct Window : testing::WindowHome {
-  explicit Window(const std::string& name, const RadioSettings* radio = nullptr) : WindowHome(name) {
+  explicit Window(const RadioSettings* radio = nullptr) {
     if (radio != nullptr) {
       Settings s;
       s.radio = *radio;
@@ -35,7 +35,7 @@ struct Window : testing::WindowHome {
 };
 
 TEST(RadioWindow, CommandOpensTheDialogAndOkStartsTheLink) {
-  Window w("radio-command");
+  Window w;
   ASSERT_NE(w.window->action(kCmdRadio), nullptr);
   EXPECT_EQ(w.window->action(kCmdRadio)->text(), "Radio");
   EXPECT_FALSE(w.statusShown());
@@ -81,7 +81,7 @@ TEST(RadioWindow, AbsentAndSilentDaemonsLeaveTheWindowTicking) {
   radio.rigPort = testing::FreeLoopbackPort();
   radio.rotEnable = 1;
   radio.rotPort = silent.port;
-  Window w("radio-absent", &radio);
+  Window w(&radio);
   EXPECT_TRUE(w.statusShown());
   ExpectTicksStayQuick(w, "Radio: error: rigctld 127.0.0.1:", "Rotator: error: rotctld: no answer");
   EXPECT_TRUE(w.status().contains("connection refused")) << w.status().toStdString();

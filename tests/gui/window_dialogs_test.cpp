@@ -46,16 +46,14 @@ class FakeSystemClock : public SystemClock {
 // A window on the bundled elements at 2017-04-14 12:00 UTC, paused, over an
 // in-memory store, recording its messages, without GPS; dialogs run for real.
 struct Window : testing::WindowHome {
-  explicit Window(const std::string& name, std::string server = "http://127.0.0.1:9")
-      : WindowHome(name), documents(name + "_documents") {
+  explicit Window(std::string server = "http://127.0.0.1:9") {
     WindowConfig c = config(testing::BundledAt({2017, 4, 14, 12, 0, 0}, SimulationMode::Pause));
     c.systemClock = &clock;
     c.serverBase = std::move(server);
-    c.documentsFolder = documents.path.string();
+    c.documentsFolder = documents.path;
     window = std::make_unique<MainWindow>(c);
     window->show();
-    sink.texts.clear();
-    sink.titles.clear();
+    sink.shown.clear();
   }
   ~Window() override { window.reset(); }
 
@@ -103,7 +101,7 @@ void Cancel(QDialog& dialog) { Press(dialog, QDialogButtonBox::Cancel); }
 // Every dialog command opens its dialog and comes back to the information page
 // on the standard screen, from a graphic view too.
 TEST(WindowDialogs, EachCommandOpensItsDialogAndReturnsToTheInfoPage) {
-  Window w("each");
+  Window w;
   const std::pair<int, const char*> dialogs[] = {
       {kCmdGetLast, "Download Latest TLE data"}, {kCmdSettings, "Settings"}, {kCmdLocation, "Position"},
       {kCmdSatSelect, "Sat selection"},         {kCmdPredict, "Prediction"}, {kCmdGps, "GPS settings"},
@@ -118,22 +116,22 @@ TEST(WindowDialogs, EachCommandOpensItsDialogAndReturnsToTheInfoPage) {
     EXPECT_FALSE(w.window->fullScreenView()) << title;
     EXPECT_TRUE(w.window->frame().showingInfo()) << title;
   }
-  EXPECT_TRUE(w.sink.texts.empty());
+  EXPECT_TRUE(w.sink.texts().empty());
 }
 
 TEST(WindowDialogs, OpenListsEveryElementFormatInTheLastFolder) {
-  Window w("open");
-  TempFolder files("open_files");
+  Window w;
+  TempFolder files;
   for (const char* name : {"a.tle", "b.txt", "c.csv", "d.json", "e.dat"}) {
-    std::ofstream((files.path / name).string()) << "x\n";
+    std::ofstream(files / name) << "x\n";
   }
-  w.state().settings.lastOpen = (files.path / "b.txt").string();
+  w.state().settings.lastOpen = files / "b.txt";
   int listed = -1;
   ASSERT_TRUE(w.dialog(kCmdOpen, [&](QDialog& d) {
     auto* dialog = qobject_cast<QFileDialog*>(&d);
     ASSERT_NE(dialog, nullptr);
     EXPECT_EQ(dialog->windowTitle(), "Open File");
-    EXPECT_EQ(QDir(dialog->directory()).canonicalPath(), QDir(QString::fromStdString(files.path.string())).canonicalPath());
+    EXPECT_EQ(QDir(dialog->directory()).canonicalPath(), QDir(QString::fromStdString(files.path)).canonicalPath());
     EXPECT_EQ(dialog->findChild<QComboBox*>("fileTypeCombo")->currentText(), "All (*.tle)");
     auto* view = dialog->findChild<QListView*>("listView");
     ASSERT_NE(view, nullptr);
@@ -146,16 +144,16 @@ TEST(WindowDialogs, OpenListsEveryElementFormatInTheLastFolder) {
 }
 
 TEST(WindowDialogs, TleInfoShowsItsBoxWithoutLeavingTheView) {
-  Window w("tleinfo");
+  Window w;
   w.window->runCommand(kCmdMapView);
   EXPECT_FALSE(w.dialog(kCmdTleInfo, [](QDialog&) {}));
-  EXPECT_EQ(w.sink.titles, std::vector<std::string>{"Tle info"});
+  EXPECT_EQ(w.sink.titles(), std::vector<std::string>{"Tle info"});
   EXPECT_EQ(w.state().app.viewMode, ViewMode::Map);
 }
 
 // Cancelling is the dialog's own test; here OK reaches the window's state.
 TEST(WindowDialogs, SettingsOkReachesTheWindowAndIsSaved) {
-  Window w("settings");
+  Window w;
   EXPECT_TRUE(w.dialog(kCmdSettings, [](QDialog& d) {
     Control<QLineEdit>(d, "edit1001")->setText("145.8");
     Control<QCheckBox>(d, "check1026")->setChecked(true);  // "test"
@@ -169,7 +167,7 @@ TEST(WindowDialogs, SettingsOkReachesTheWindowAndIsSaved) {
 }
 
 TEST(WindowDialogs, SatSelectionKeepsTheCurrentSatelliteInStep) {
-  Window w("select");
+  Window w;
   w.state().app.currentSatellite = 3;
   EXPECT_TRUE(w.dialog(kCmdSatSelect, [](QDialog& d) {
     Control<QPushButton>(d, "button1029")->click();  // "Sel./Desel.": none ticked
@@ -195,7 +193,7 @@ TEST(WindowDialogs, SatSelectionKeepsTheCurrentSatelliteInStep) {
 }
 
 TEST(WindowDialogs, PositionOkMovesTheObserverAndCancelDoesNot) {
-  Window w("position");
+  Window w;
   const Geodetic before = w.state().app.observer;
   EXPECT_TRUE(w.dialog(kCmdLocation, [](QDialog& d) {
     Control<QLineEdit>(d, "edit1041")->setText("-33.5");
@@ -215,7 +213,7 @@ TEST(WindowDialogs, PositionOkMovesTheObserverAndCancelDoesNot) {
 }
 
 TEST(WindowDialogs, PredictionRowsSurviveAndOkPausesTheClockOnARow) {
-  Window w("predict");
+  Window w;
   w.state().catalogue.selected = {};
   w.state().catalogue.selected[kIssSlot] = 1;
   w.state().app.utcOffset = 1.0 / 24.0;
@@ -238,8 +236,8 @@ TEST(WindowDialogs, PredictionRowsSurviveAndOkPausesTheClockOnARow) {
     Cancel(d);
   }));
   ASSERT_GT(w.state().predictions.rows.size(), 1u);
-  EXPECT_EQ(w.sink.titles, std::vector<std::string>{"Search result"});
-  EXPECT_EQ(w.sink.texts[0].rfind("Number of passes ", 0), 0u);
+  EXPECT_EQ(w.sink.titles(), std::vector<std::string>{"Search result"});
+  EXPECT_EQ(w.sink.texts()[0].rfind("Number of passes ", 0), 0u);
   const std::size_t rows = w.state().predictions.rows.size();
   w.state().app.simulationMode = SimulationMode::X10;
   int listed = 0;
@@ -258,7 +256,7 @@ TEST(WindowDialogs, PredictionRowsSurviveAndOkPausesTheClockOnARow) {
 }
 
 TEST(WindowDialogs, GpsSettingsKeepTrackingInStepAndSaveOnOk) {
-  Window w("gps");
+  Window w;
   EXPECT_EQ(w.state().app.gpsTracking, 0);
   EXPECT_TRUE(w.dialog(kCmdGps, [](QDialog& d) {
     Control<QComboBox>(d, "combo1054")->setCurrentIndex(0);  // "NONE"
@@ -281,7 +279,7 @@ TEST(WindowDialogs, GpsSettingsKeepTrackingInStepAndSaveOnOk) {
 }
 
 TEST(WindowDialogs, TimeOkSetsTheModeAndSetGpsTimeAsksForTracking) {
-  Window w("time");
+  Window w;
   const double start = w.state().app.currentTime;
   EXPECT_TRUE(w.dialog(kCmdTime, [](QDialog& d) {
     Control<QRadioButton>(d, "radio1038")->click();  // "x60 sym time"
@@ -289,7 +287,7 @@ TEST(WindowDialogs, TimeOkSetsTheModeAndSetGpsTimeAsksForTracking) {
     Cancel(d);
   }));
   EXPECT_EQ(w.state().app.simulationMode, SimulationMode::Pause);
-  EXPECT_EQ(w.sink.texts, std::vector<std::string>{"Turn GPS tracking on!"});
+  EXPECT_EQ(w.sink.texts(), std::vector<std::string>{"Turn GPS tracking on!"});
   EXPECT_EQ(w.clock.sets, 0);
   EXPECT_TRUE(w.dialog(kCmdTime, [](QDialog& d) {
     Control<QRadioButton>(d, "radio1038")->click();
@@ -305,18 +303,18 @@ TEST(WindowDialogs, GetLastDownloadsFromTheServerIntoTheDocumentsFolder) {
   testing::ElementServer server;  // tests/download/element_server.py
   server.start();
   ASSERT_NE(server.port(), 0);
-  Window w("download", server.base("ok"));
-  const std::filesystem::path copy = w.documents.path / "stations.txt";
+  Window w(server.base("ok"));
+  const std::filesystem::path copy = w.documents / "stations.txt";
   EXPECT_TRUE(w.dialog(kCmdGetLast, [](QDialog& d) { Cancel(d); }));
   EXPECT_FALSE(std::filesystem::exists(copy));
-  EXPECT_TRUE(w.sink.texts.empty());
+  EXPECT_TRUE(w.sink.texts().empty());
   w.state().app.iridiumFile = 1;
   EXPECT_TRUE(w.dialog(kCmdGetLast, [](QDialog& d) {
     EXPECT_EQ(Control<QComboBox>(d, "combo1059")->currentText(), "International Space Station");
     Control<QPushButton>(d, "button1058")->click();  // "Download" closes the dialog
   }));
-  ASSERT_EQ(w.sink.texts.size(), 1u);
-  EXPECT_EQ(w.sink.texts[0],
+  ASSERT_EQ(w.sink.texts().size(), 1u);
+  EXPECT_EQ(w.sink.texts()[0],
             "Data of 144 satellites successfully read from " + server.base("ok") + "/NORAD/elements/stations.txt.");
   EXPECT_EQ(w.state().catalogue.satelliteCount, 144);
   EXPECT_EQ(w.state().settings.lastOpen, copy.string());
@@ -329,15 +327,15 @@ TEST(WindowDialogs, CtrlQDuringADownloadAbandonsIt) {
   testing::ElementServer server;  // tests/download/element_server.py: its trickling file takes 2.5 s
   server.start();
   ASSERT_NE(server.port(), 0);
-  Window w("quit_download", server.base("trickle"));
+  Window w(server.base("trickle"));
   const int before = w.state().catalogue.satelliteCount;
   EXPECT_TRUE(w.dialog(kCmdGetLast, [&](QDialog& d) {
     QTimer::singleShot(400, w.window.get(), [&] { w.window->runCommand(kCmdClose); });  // what Ctrl+Q runs
     Control<QPushButton>(d, "button1058")->click();
   }));
   EXPECT_FALSE(w.window->isVisible());
-  EXPECT_FALSE(std::filesystem::exists(w.documents.path / "stations.txt"));
-  EXPECT_TRUE(w.sink.texts.empty());
+  EXPECT_FALSE(std::filesystem::exists(w.documents / "stations.txt"));
+  EXPECT_TRUE(w.sink.texts().empty());
   EXPECT_EQ(w.state().catalogue.satelliteCount, before);
 }
 

@@ -35,9 +35,9 @@ inline ProgramOptions BundledAt(CalendarTime utc, std::optional<SimulationMode> 
 // in-memory settings store and a sink that records the messages.
 // config() leaves GPS off; the test makes `window` from it.
 struct WindowHome {
-  explicit WindowHome(const std::string& name) : home(name) {
+  WindowHome() {
     OffscreenApp();
-    SeedProgramFolder(home.path.string(), NORVANE_DATA_DIR);
+    SeedProgramFolder(home.path, NORVANE_DATA_DIR);
   }
   virtual ~WindowHome() { window.reset(); }  // before what it points at
   WindowHome(const WindowHome&) = delete;
@@ -45,7 +45,7 @@ struct WindowHome {
 
   WindowConfig config(ProgramOptions options = {}) {
     WindowConfig c;
-    c.programFolder = home.path.string();
+    c.programFolder = home.path;
     c.store = &store;
     c.messages = &sink;
     c.options = std::move(options);
