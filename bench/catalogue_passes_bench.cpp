@@ -3,11 +3,10 @@
 // north, on one and on two worker threads.
 #include <benchmark/benchmark.h>
 
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <vector>
 
+#include "bench/data_file.h"
 #include "core/analysis/catalogue_passes.h"
 #include "tools/synthetic_catalogue.h"
 
@@ -16,10 +15,8 @@ namespace {
 
 std::vector<Satellite> largeCatalogue() {
   std::vector<Satellite> templates;
-  for (const char* name : {"/visual_2017-04-14.txt", "/iridium_2014-06-21.txt", "/sources/sgp4-ver.tle"}) {
-    std::ifstream in(std::string(NORVANE_DATA_DIR) + name, std::ios::binary);
-    for (const Satellite& s : readElementSets(std::string{std::istreambuf_iterator<char>(in), {}}))
-      templates.push_back(s);
+  for (const char* name : {"visual_2017-04-14.txt", "iridium_2014-06-21.txt", "sources/sgp4-ver.tle"}) {
+    for (const Satellite& s : readElementSets(bench::DataFileText(name))) templates.push_back(s);
   }
   return syntheticCatalogue(templates, 12000, 0.08, 20261123u);
 }
