@@ -191,12 +191,12 @@ SearchTask<PlannedPass> PlannerSearch::makePass(SkySample aos, SkySample los, Sk
 SearchTask<PlannerSearch::Moment> PlannerSearch::moment(double jd) {
   Moment m;
   m.jd = jd;
-  const SkySample s = co_await look(jd);
-  // Seen by eye: above the horizon (a minimum elevation may be below it),
-  // sunlit, and the sky dark.
-  if (!s.valid || !(s.elevation > 0.0)) co_return m;
+  // Seen by eye: the sky dark, above the horizon (a minimum elevation may be
+  // below it) and sunlit. The Sun first: under a light sky no sample is needed.
   StateVector sun;
   if (!(view_.sunElevation(jd, sun) < kDarkSkySunElevation)) co_return m;
+  const SkySample s = co_await look(jd);
+  if (!s.valid || !(s.elevation > 0.0)) co_return m;
   double depth = 0;
   if (SatEclipsed(s.satPos, sun, depth) != 0) co_return m;
   m.visible = true;

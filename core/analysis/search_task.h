@@ -22,12 +22,14 @@ struct TaskResult<void> {
 
 }  // namespace detail
 
-// A lazily started coroutine that ends with a T. Awaited from another
-// SearchTask it runs to its end, through as many suspensions as it makes, and
-// then hands control straight back to the awaiting coroutine (symmetric
-// transfer: nested searches do not grow the stack). Ordinary code starts it
-// with resume() and reads result() once done() holds. Move-only; destroying
-// it destroys the coroutine frame.
+// A lazily started coroutine that ends with a T. Awaiting it from another
+// SearchTask runs it at once, inside the await: when it ends without having
+// suspended, the awaiting coroutine simply goes on, so any number of awaits
+// in a row leaves the stack as it was. When it suspends (its innermost await
+// waits for someone else), the awaiting coroutine suspends too, and once the
+// task is resumed and ends it hands control straight to the awaiting one
+// (symmetric transfer). Ordinary code starts it with resume() and reads
+// result() once done() holds. Move-only; destroying it destroys the frame.
 template <typename T>
 class [[nodiscard]] SearchTask {
  public:
@@ -36,12 +38,17 @@ class [[nodiscard]] SearchTask {
 
   struct promise_type : detail::TaskResult<T> {
     std::coroutine_handle<> continuation = std::noop_coroutine();
+    bool runningInAwait = false;  // started by await_suspend, which has not returned yet
 
     SearchTask get_return_object() { return SearchTask(Handle::from_promise(*this)); }
     std::suspend_always initial_suspend() noexcept { return {}; }
     struct FinalAwaiter {
       bool await_ready() const noexcept { return false; }
-      std::coroutine_handle<> await_suspend(Handle h) const noexcept { return h.promise().continuation; }
+      std::coroutine_handle<> await_suspend(Handle h) const noexcept {
+        promise_type& p = h.promise();
+        if (p.runningInAwait) return std::noop_coroutine();  // back to await_suspend
+        return p.continuation;
+      }
       void await_resume() const noexcept {}
     };
     FinalAwaiter final_suspend() noexcept { return {}; }
@@ -69,11 +76,16 @@ class [[nodiscard]] SearchTask {
   // The value it ended with, moved out; once done().
   T result() { return handle_.promise().take(); }
 
-  // Awaiting: start it with the awaiting coroutine as its continuation.
+  // Awaiting: run it now, with the awaiting coroutine as its continuation;
+  // the awaiting coroutine suspends only when the task has.
   bool await_ready() const noexcept { return false; }
-  std::coroutine_handle<> await_suspend(std::coroutine_handle<> awaiting) noexcept {
-    handle_.promise().continuation = awaiting;
-    return handle_;
+  bool await_suspend(std::coroutine_handle<> awaiting) {
+    promise_type& p = handle_.promise();
+    p.continuation = awaiting;
+    p.runningInAwait = true;
+    handle_.resume();
+    p.runningInAwait = false;
+    return !handle_.done();
   }
   T await_resume() { return handle_.promise().take(); }
 
