@@ -188,23 +188,27 @@ SearchTask<PlannedPass> PlannerSearch::makePass(SkySample aos, SkySample los, Sk
   co_return withVisible;
 }
 
-SearchTask<PlannerSearch::Moment> PlannerSearch::moment(double jd) {
+bool PlannerSearch::MomentLook::await_ready() {
+  dark = search.view_.sunElevation(jd, sun) < kDarkSkySunElevation;
+  return !dark || Look{search, jd}.await_ready();
+}
+
+PlannerSearch::Moment PlannerSearch::MomentLook::await_resume() const {
   Moment m;
   m.jd = jd;
   // Seen by eye: the sky dark, above the horizon (a minimum elevation may be
-  // below it) and sunlit. The Sun first: under a light sky no sample is needed.
-  StateVector sun;
-  if (!(view_.sunElevation(jd, sun) < kDarkSkySunElevation)) co_return m;
-  const SkySample s = co_await look(jd);
-  if (!s.valid || !(s.elevation > 0.0)) co_return m;
+  // below it) and sunlit.
+  if (!dark) return m;
+  const SkySample& s = search.answer_;
+  if (!s.valid || !(s.elevation > 0.0)) return m;
   double depth = 0;
-  if (SatEclipsed(s.satPos, sun, depth) != 0) co_return m;
+  if (SatEclipsed(s.satPos, sun, depth) != 0) return m;
   m.visible = true;
   double illumination = 0;
   double phase = 0;
-  m.magnitude = PhaseMagnitude(standardMagnitude_, sun, s.satPos, s.obsPos, illumination, phase);
+  m.magnitude = PhaseMagnitude(search.standardMagnitude_, sun, s.satPos, s.obsPos, illumination, phase);
   if (!std::isfinite(m.magnitude)) m.magnitude = kUnknownMagnitude;
-  co_return m;
+  return m;
 }
 
 SearchTask<PlannerSearch::Moment> PlannerSearch::edge(Moment a, Moment b) {

@@ -52,6 +52,17 @@ class PlannerSearch {
     bool visible = false;
     double magnitude = kUnknownMagnitude;
   };
+  // Awaits a moment: the Sun first, and the satellite's sample only under a
+  // dark sky.
+  struct MomentLook {
+    PlannerSearch& search;
+    double jd;
+    StateVector sun;
+    bool dark = false;
+    bool await_ready();
+    void await_suspend(std::coroutine_handle<> waiting) const { Look{search, jd}.await_suspend(waiting); }
+    Moment await_resume() const;
+  };
 
   Look look(double jd) { return Look{*this, jd}; }
   bool above(const SkySample& s) const { return s.elevation >= minElevation_; }
@@ -67,7 +78,7 @@ class PlannerSearch {
   SearchTask<void> closePass(SkySample los, SkySample rightEdge);
   SearchTask<PlannedPass> makePass(SkySample aos, SkySample los, SkySample top);
   SearchTask<PlannedPass> withVisiblePart(PlannedPass pass, double from, double to);
-  SearchTask<Moment> moment(double jd);
+  MomentLook moment(double jd) { return MomentLook{*this, jd, StateVector{}}; }
   // Where the visibility changes between a and b (one of each), to the tolerance.
   SearchTask<Moment> edge(Moment a, Moment b);
 
