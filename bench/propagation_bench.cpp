@@ -2,13 +2,17 @@
 // report's element sets: 88888 (near Earth) and 11801 (deep space).
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <fstream>
 #include <iterator>
 #include <memory>
+#include <numeric>
+#include <random>
 #include <string>
 #include <vector>
 
 #include "core/elements/element_parser.h"
+#include "core/propagation/batch_propagator.h"
 #include "core/propagation/batch_sdp4.h"
 #include "core/propagation/batch_sgp4.h"
 #include "core/propagation/propagate.h"
@@ -126,12 +130,61 @@ void batchOverADay(benchmark::State& state, const char* const lines[2]) {
   countPropagations(state, jds.size());
 }
 
+// One round of a lock-step search over a catalogue: every satellite once, in
+// shuffled order, each at its own time within a day.
+struct Round {
+  std::vector<Satellite> sats;
+  std::vector<std::uint32_t> which;
+  std::vector<double> jds;
+};
+
+Round shuffledRound(bool deepSpace) {
+  Round r{catalogue(12000, deepSpace), {}, {}};
+  r.which.resize(r.sats.size());
+  std::iota(r.which.begin(), r.which.end(), 0u);
+  std::mt19937 random(20261123u);
+  std::shuffle(r.which.begin(), r.which.end(), random);
+  std::uniform_real_distribution<double> day(0.0, 1.0);
+  const double start = epochToJulian(r.sats.front().epoch);
+  for (std::size_t k = 0; k < r.which.size(); ++k) r.jds.push_back(start + day(random));
+  return r;
+}
+
+void gatheredRound(benchmark::State& state, bool deepSpace) {
+  const Round r = shuffledRound(deepSpace);
+  const BatchPropagator batch(r.sats);
+  BatchStates out;
+  for (auto _ : state) {
+    batch.statesAt(r.which, r.jds, out);
+    benchmark::DoNotOptimize(out.column(StateField::X));
+  }
+  countPropagations(state, r.which.size());
+}
+
+// The same round through a fresh copy of each satellite's scalar model, as a
+// search that wants the first call after initialisation makes it.
+void scalarRound(benchmark::State& state, bool deepSpace) {
+  const Round r = shuffledRound(deepSpace);
+  const std::vector<Propagator> propagators(r.sats.begin(), r.sats.end());
+  for (auto _ : state) {
+    for (std::size_t k = 0; k < r.which.size(); ++k) {
+      Propagator fresh = propagators[r.which[k]];
+      benchmark::DoNotOptimize(fresh.stateAt(r.jds[k]));
+    }
+  }
+  countPropagations(state, r.which.size());
+}
+
 const bool registered = [] {
   benchmark::AddCustomContext("batch_simd_target", batchTargetName());
   benchmark::RegisterBenchmark("BM_Batch/SGP4/satellites", batchAtOneTime<BatchSgp4>, false)->Arg(181)->Arg(12000);
   benchmark::RegisterBenchmark("BM_Batch/SDP4/satellites", batchAtOneTime<BatchSdp4>, true)->Arg(181)->Arg(12000);
   benchmark::RegisterBenchmark("BM_Scalar/SGP4/satellites", scalarAtOneTime, false)->Arg(12000);
   benchmark::RegisterBenchmark("BM_Scalar/SDP4/satellites", scalarAtOneTime, true)->Arg(12000);
+  benchmark::RegisterBenchmark("BM_Gathered/SGP4/shuffled_12000", gatheredRound, false);
+  benchmark::RegisterBenchmark("BM_Gathered/SDP4/shuffled_12000", gatheredRound, true);
+  benchmark::RegisterBenchmark("BM_FreshScalar/SGP4/shuffled_12000", scalarRound, false);
+  benchmark::RegisterBenchmark("BM_FreshScalar/SDP4/shuffled_12000", scalarRound, true);
   benchmark::RegisterBenchmark("BM_Batch/SGP4/times_1440", batchOverADay<BatchSgp4>, kNearEarth);
   benchmark::RegisterBenchmark("BM_Batch/SDP4/times_1440", batchOverADay<BatchSdp4>, kDeepSpace);
   benchmark::RegisterBenchmark("BM_Warm/SGP4", warm, kNearEarth, 0);

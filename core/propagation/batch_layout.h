@@ -58,6 +58,24 @@ class SoaColumns {
   std::vector<double> data_;
 };
 
+// Doubles per row of a row-major copy of SoaColumns<Field>: the fields
+// rounded up to whole 64-byte cache lines.
+template <typename Field>
+inline constexpr std::size_t kRowStride = (static_cast<std::size_t>(Field::Count) + 7) / 8 * 8;
+
+// The rows of c side by side, kRowStride<Field> doubles each, for loading one
+// satellite's values from a few cache lines.
+template <typename Field>
+std::vector<double> rowMajorCopy(const SoaColumns<Field>& c) {
+  constexpr std::size_t kFields = SoaColumns<Field>::kFields;
+  std::vector<double> rows(c.rows() * kRowStride<Field>);
+  for (std::size_t f = 0; f < kFields; ++f) {
+    const double* column = c.column(static_cast<Field>(f));
+    for (std::size_t r = 0; r < c.rows(); ++r) rows[r * kRowStride<Field> + f] = column[r];
+  }
+  return rows;
+}
+
 // Positions (km) and velocities (km/s) of a batch, one row per satellite or
 // per time, in the models' inertial frame.
 enum class StateField { X, Y, Z, Vx, Vy, Vz, Count };

@@ -1,5 +1,5 @@
-// Vector forms of the steps SGP4 and SDP4 share: the angle helpers, Kepler's
-// equation and the long- and short-period output. Each lane follows the
+// Vector forms of the steps SGP4 and SDP4 share: Kepler's equation, the
+// long- and short-period output, and the loops that feed the models' lanes. Each lane follows the
 // scalar code of lyddane_output.h and kepler.h operation for operation; only
 // sine, cosine and arctangent come from the vector maths library.
 //
@@ -11,88 +11,17 @@
 #define NORVANE_BATCH_LYDDANE_INL_H_
 #endif
 
-#include "core/astro/numeric.h"
+#include <cstdint>
+
+#include "core/propagation/batch_angles-inl.h"
 #include "core/propagation/batch_layout.h"
 #include "core/propagation/model_constants.h"
 #include "core/propagation/propagate.h"
-#include "hwy/contrib/math/math-inl.h"
+#include "hwy/cache_control.h"
 #include "hwy/highway.h"
 
 HWY_BEFORE_NAMESPACE();
 namespace norvane::HWY_NAMESPACE::batch {
-
-namespace hn = hwy::HWY_NAMESPACE;
-using Tag = hn::ScalableTag<double>;
-using Vd = hn::Vec<Tag>;
-using Md = hn::Mask<Tag>;
-
-// Sine and cosine of x together, sharing one argument reduction: x is
-// reduced by the nearest multiple q of pi/2 (pi/2 split in two parts), both are evaluated on
-// [-pi/4, pi/4] by the minimax polynomials of fdlibm's kernels, and the
-// quadrant q mod 4 swaps and negates them. Accurate to about one ulp.
-struct SinCosLanes {
-  Vd sin, cos;
-};
-
-HWY_INLINE SinCosLanes SinCos(Tag d, Vd angle) {
-  // Whole turns off first: old element sets give anomalies of thousands of radians.
-  const Vd turn = hn::Set(d, kTwoPi);
-  const Vd x = angle - turn * hn::Round(angle / turn);
-  const Vd q = hn::Round(x * hn::Set(d, 0.63661977236758134308));  // 2/pi
-  const Vd r = (x - q * hn::Set(d, 1.57079632673412561417e+00)) - q * hn::Set(d, 6.07710050650619224932e-11);
-  const Vd z = r * r;
-  // Horner steps as fused multiply-adds where the processor has them.
-  const auto step = [&](Vd acc, double coefficient) { return hn::MulAdd(acc, z, hn::Set(d, coefficient)); };
-  const Vd sinPoly = step(step(step(step(hn::Set(d, 1.58969099521155010221e-10), -2.50507602534068634195e-08),
-                                    2.75573137070700676789e-06),
-                               -1.98412698298579493134e-04),
-                          8.33333333332248946124e-03);
-  const Vd s = hn::MulAdd(r * z, step(sinPoly, -1.66666666666666324348e-01), r);
-  const Vd cosPoly =
-      step(step(step(step(step(hn::Set(d, -1.13596475577881948265e-11), 2.08757232129817482790e-09),
-                          -2.75573143513906633035e-07),
-                     2.48015872894767294178e-05),
-                -1.38888888888741095749e-03),
-           4.16666666666666019037e-02);
-  const Vd one = hn::Set(d, 1.0);
-  const Vd halfZ = hn::Set(d, 0.5) * z;
-  const Vd w = one - halfZ;
-  const Vd c = w + (((one - w) - halfZ) + z * z * cosPoly);
-  // Quadrant q mod 4, exact in doubles for these small multiples.
-  const Vd quadrant = q - hn::Set(d, 4.0) * hn::Floor(q * hn::Set(d, 0.25));
-  const Md one1 = quadrant == one;
-  const Md three = quadrant == hn::Set(d, 3.0);
-  const Md two = quadrant == hn::Set(d, 2.0);
-  const Md odd = hn::Or(one1, three);
-  const Md sinNegative = hn::Or(two, three);
-  const Md cosNegative = hn::Or(one1, two);
-  const Vd sinAbs = hn::IfThenElse(odd, c, s);
-  const Vd cosAbs = hn::IfThenElse(odd, s, c);
-  return {hn::IfThenElse(sinNegative, hn::Neg(sinAbs), sinAbs), hn::IfThenElse(cosNegative, hn::Neg(cosAbs), cosAbs)};
-}
-
-HWY_INLINE Vd SinOf(Tag d, Vd x) { return SinCos(d, x).sin; }
-HWY_INLINE Vd CosOf(Tag d, Vd x) { return SinCos(d, x).cos; }
-
-// AcTan of numeric.h per lane: the angle of (c, s) in [0, 2pi].
-HWY_INLINE Vd AcTanLanes(Tag d, Vd s, Vd c) {
-  const Vd zero = hn::Zero(d);
-  const Vd q = hn::Atan(d, s / c);
-  const Md north = s > zero;
-  Vd r = hn::IfThenElse(north, q, q + hn::Set(d, kTwoPi));
-  r = hn::IfThenElse(c < zero, hn::Set(d, kPi) + q, r);
-  const Vd axis = hn::IfThenElse(north, hn::Set(d, kPi / 2.0), hn::Set(d, 3.0 * kPi / 2.0));
-  return hn::IfThenElse(c == zero, axis, r);
-}
-
-// FMod2p of numeric.h per lane: x reduced to [0, 2pi).
-HWY_INLINE Vd FMod2pLanes(Tag d, Vd x) {
-  const Vd turn = hn::Set(d, kTwoPi);
-  const Vd zero = hn::Zero(d);
-  Vd r = x - turn * hn::Trunc(x / turn);
-  r = hn::IfThenElse(r < zero, r + turn, r);
-  return hn::IfThenElse(hn::And(x >= zero, x < turn), x, r);
-}
 
 // Reads the columns of the satellites in the lanes that start at row.
 template <class Field>
@@ -107,6 +36,15 @@ template <class Field>
 struct BroadcastSource {
   const double* values;
   Vd operator()(Tag d, Field f) const { return hn::Set(d, values[static_cast<std::size_t>(f)]); }
+};
+
+// Reads lane i's values from a lane-major buffer: field f of lane i at
+// values[f * lanes + i], filled from the requested satellites' rows.
+template <class Field>
+struct LaneSource {
+  const double* values;
+  std::size_t lanes;
+  Vd operator()(Tag d, Field f) const { return hn::Load(d, values + static_cast<std::size_t>(f) * lanes); }
 };
 
 // Mean elements at one time, as model::MeanElements.
@@ -259,6 +197,51 @@ HWY_INLINE void PropagateTimes(const double* values, const double* tsince, std::
   for (std::size_t i = 0; i < 6; ++i) columns[i] = out.column(static_cast<StateField>(i));
   for (std::size_t row = 0; row < count; row += lanes) {
     StoreState(d, kernel(d, BroadcastSource<Field>{values}, hn::LoadU(d, tsince + row)), columns, row);
+  }
+}
+
+// Runs a model's lane kernel for count requests: satellite rows[j] of the
+// row-major values (kRowStride<Field> doubles a row) at UTC Julian date
+// jds[j], its state stored at row targets[j] of out. Each vector's values
+// are copied row by row into a lane-major buffer (on processors without fast
+// gathers this beats a gather per field). A last short vector repeats its
+// final request in the spare lanes and stores only the real ones.
+template <class Field, class Kernel>
+HWY_INLINE void PropagateGathered(const double* rowMajor, const std::uint32_t* rows, const double* jds,
+                                  const std::uint32_t* targets, std::size_t count, BatchStates& out,
+                                  Kernel kernel) {
+  constexpr std::size_t kFields = SoaColumns<Field>::kFields;
+  constexpr std::size_t kStride = kRowStride<Field>;
+  constexpr std::size_t kMaxLanes = HWY_MAX_BYTES / sizeof(double);
+  const Tag d;
+  const std::size_t lanes = hn::Lanes(d);
+  HWY_ALIGN double values[kFields * kMaxLanes];
+  HWY_ALIGN double laneJds[kMaxLanes];
+  HWY_ALIGN double states[6][kMaxLanes];
+  double* const lanesOut[6] = {states[0], states[1], states[2], states[3], states[4], states[5]};
+  double* columns[6];
+  for (std::size_t i = 0; i < 6; ++i) columns[i] = out.column(static_cast<StateField>(i));
+  const Vd minutesPerDay = hn::Set(d, 1440.0);
+  const LaneSource<Field> source{values, lanes};
+  for (std::size_t j = 0; j < count; j += lanes) {
+    const std::size_t n = count - j < lanes ? count - j : lanes;
+    // The rows and targets two vectors ahead are fetched while this one computes.
+    for (std::size_t ahead = j + 2 * lanes; ahead < j + 3 * lanes && ahead < count; ++ahead) {
+      const double* row = rowMajor + static_cast<std::size_t>(rows[ahead]) * kStride;
+      for (std::size_t line = 0; line < kStride; line += 8) hwy::Prefetch(row + line);
+      for (std::size_t f = 0; f < 6; ++f) hwy::Prefetch(columns[f] + targets[ahead]);
+    }
+    for (std::size_t i = 0; i < lanes; ++i) {
+      const std::size_t r = j + (i < n ? i : n - 1);
+      const double* row = rowMajor + static_cast<std::size_t>(rows[r]) * kStride;
+      for (std::size_t f = 0; f < kFields; ++f) values[f * lanes + i] = row[f];
+      laneJds[i] = jds[r];
+    }
+    const Vd t = (hn::Load(d, laneJds) - source(d, Field::EpochJd)) * minutesPerDay;
+    StoreState(d, kernel(d, source, t), lanesOut, 0);
+    for (std::size_t i = 0; i < n; ++i) {
+      for (std::size_t f = 0; f < 6; ++f) columns[f][targets[j + i]] = states[f][i];
+    }
   }
 }
 

@@ -6,6 +6,8 @@
 
 #include "core/elements/satellite.h"
 #include "core/propagation/batch_layout.h"
+#include "core/propagation/batch_sdp4.h"
+#include "core/propagation/batch_sgp4.h"
 #include "core/propagation/propagator.h"
 
 namespace norvane {
@@ -20,15 +22,24 @@ class BatchPropagator {
   BatchPropagator() = default;
   explicit BatchPropagator(std::span<const Satellite> satellites);
 
-  std::size_t size() const { return models_.size(); }
+  std::size_t size() const { return places_.size(); }
 
   // Row k of out gets satellite satellites[k] at UTC Julian date jds[k]; out
   // is resized to satellites.size() rows. Both spans have the same length and
-  // every index is below size().
+  // every index is below size(). A satellite without an orbit gets NaN.
   void statesAt(std::span<const std::uint32_t> satellites, std::span<const double> jds, BatchStates& out) const;
 
  private:
-  std::vector<Propagator> models_;
+  // Which batch holds a satellite, and its row there.
+  enum class Model : std::uint8_t { None, NearEarth, DeepSpace };
+  struct Place {
+    Model model = Model::None;
+    std::uint32_t row = 0;
+  };
+
+  std::vector<Place> places_;
+  BatchSgp4 nearEarth_;
+  BatchSdp4 deepSpace_;
 };
 
 }  // namespace norvane

@@ -230,6 +230,12 @@ HWY_INLINE StateLanes Sdp4Lanes(Tag d, const Source& source, Vd t) {
 
 }  // namespace
 
+void Sdp4Gathered(const double* rowMajor, const std::uint32_t* rows, const double* jds,
+                  const std::uint32_t* targets, std::size_t count, BatchStates& out) {
+  PropagateGathered<Sdp4Field>(rowMajor, rows, jds, targets, count, out,
+                    [](Tag d, const auto& source, Vd t) { return Sdp4Lanes(d, source, t); });
+}
+
 void Sdp4Rows(const SoaColumns<Sdp4Field>& c, double jd, std::size_t begin, std::size_t end, BatchStates& out) {
   PropagateRows(c, jd, begin, end, out, [](Tag d, const auto& source, Vd t) { return Sdp4Lanes(d, source, t); });
 }
@@ -250,6 +256,7 @@ namespace norvane {
 
 HWY_EXPORT(Sdp4Rows);
 HWY_EXPORT(Sdp4Times);
+HWY_EXPORT(Sdp4Gathered);
 
 BatchSdp4::BatchSdp4(std::span<const Satellite> satellites) {
   columns_.resize(satellites.size());
@@ -281,6 +288,7 @@ BatchSdp4::BatchSdp4(std::span<const Satellite> satellites) {
     for (std::size_t f = 0; f < std::size(values); ++f) columns_.at(static_cast<Sdp4Field>(f), i) = values[f];
   }
   columns_.fillPadding();
+  rowMajor_ = rowMajorCopy(columns_);
 }
 
 void BatchSdp4::propagate(double jd, BatchStates& out) const {
@@ -301,6 +309,12 @@ void BatchSdp4::propagateTimes(std::size_t index, std::span<const double> jds, B
   std::vector<double> tsince(out.padded());
   for (std::size_t i = 0; i < tsince.size(); ++i) tsince[i] = (jds[std::min(i, jds.size() - 1)] - epoch) * 1440.0;
   HWY_DYNAMIC_DISPATCH(Sdp4Times)(values.data(), tsince.data(), out.padded(), out);
+}
+
+void BatchSdp4::propagateGathered(std::span<const std::uint32_t> rows, std::span<const double> jds,
+                                  std::span<const std::uint32_t> targets, BatchStates& out) const {
+  if (rows.empty()) return;
+  HWY_DYNAMIC_DISPATCH(Sdp4Gathered)(rowMajor_.data(), rows.data(), jds.data(), targets.data(), rows.size(), out);
 }
 
 }  // namespace norvane

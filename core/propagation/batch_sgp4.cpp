@@ -69,6 +69,12 @@ HWY_INLINE StateLanes Sgp4Lanes(Tag d, const Source& source, Vd t) {
 
 }  // namespace
 
+void Sgp4Gathered(const double* rowMajor, const std::uint32_t* rows, const double* jds,
+                  const std::uint32_t* targets, std::size_t count, BatchStates& out) {
+  PropagateGathered<Sgp4Field>(rowMajor, rows, jds, targets, count, out,
+                    [](Tag d, const auto& source, Vd t) { return Sgp4Lanes(d, source, t); });
+}
+
 void Sgp4Rows(const SoaColumns<Sgp4Field>& c, double jd, std::size_t begin, std::size_t end, BatchStates& out) {
   PropagateRows(c, jd, begin, end, out, [](Tag d, const auto& source, Vd t) { return Sgp4Lanes(d, source, t); });
 }
@@ -91,6 +97,7 @@ namespace norvane {
 
 HWY_EXPORT(Sgp4Rows);
 HWY_EXPORT(Sgp4Times);
+HWY_EXPORT(Sgp4Gathered);
 HWY_EXPORT(RunningTarget);
 
 const char* batchTargetName() { return hwy::TargetName(HWY_DYNAMIC_DISPATCH(RunningTarget)()); }
@@ -116,6 +123,7 @@ BatchSgp4::BatchSgp4(std::span<const Satellite> satellites) {
     for (std::size_t f = 0; f < std::size(values); ++f) columns_.at(static_cast<Sgp4Field>(f), i) = values[f];
   }
   columns_.fillPadding();
+  rowMajor_ = rowMajorCopy(columns_);
 }
 
 void BatchSgp4::propagate(double jd, BatchStates& out) const {
@@ -136,6 +144,12 @@ void BatchSgp4::propagateTimes(std::size_t index, std::span<const double> jds, B
   std::vector<double> tsince(out.padded());
   for (std::size_t i = 0; i < tsince.size(); ++i) tsince[i] = (jds[std::min(i, jds.size() - 1)] - epoch) * 1440.0;
   HWY_DYNAMIC_DISPATCH(Sgp4Times)(values.data(), tsince.data(), out.padded(), out);
+}
+
+void BatchSgp4::propagateGathered(std::span<const std::uint32_t> rows, std::span<const double> jds,
+                                  std::span<const std::uint32_t> targets, BatchStates& out) const {
+  if (rows.empty()) return;
+  HWY_DYNAMIC_DISPATCH(Sgp4Gathered)(rowMajor_.data(), rows.data(), jds.data(), targets.data(), rows.size(), out);
 }
 
 }  // namespace norvane

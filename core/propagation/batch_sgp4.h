@@ -1,6 +1,8 @@
 #pragma once
 #include <cstddef>
+#include <cstdint>
 #include <span>
+#include <vector>
 
 #include "core/elements/satellite.h"
 #include "core/propagation/batch_layout.h"
@@ -40,9 +42,15 @@ class BatchSgp4 {
   void propagateRows(double jd, std::size_t begin, std::size_t end, BatchStates& out) const;
   // Satellite index at each of the Julian dates; out gets one row per date.
   void propagateTimes(std::size_t index, std::span<const double> jds, BatchStates& out) const;
+  // Satellite rows[j] at UTC Julian date jds[j] into row targets[j] of out,
+  // which the caller has sized; the three spans have one length, every row
+  // is below size() and every target below out.rows().
+  void propagateGathered(std::span<const std::uint32_t> rows, std::span<const double> jds,
+                         std::span<const std::uint32_t> targets, BatchStates& out) const;
 
  private:
   SoaColumns<Sgp4Field> columns_;
+  std::vector<double> rowMajor_;  // the columns' rows side by side, for gathering
 };
 
 // Name of the SIMD instruction set the batch models run on here, such as

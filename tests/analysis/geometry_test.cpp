@@ -1,13 +1,20 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdio>
+#include <limits>
+#include <random>
+#include <vector>
 
 #include "core/analysis/eclipse.h"
 #include "core/analysis/flares.h"
 #include "core/analysis/magnitude.h"
+#include "core/analysis/pass_geometry.h"
 #include "core/analysis/satellite_shape.h"
 #include "core/astro/numeric.h"
+#include "core/astro/observer.h"
 #include "core/astro/vector_math.h"
+#include "hwy/targets.h"
 
 namespace norvane {
 namespace {
@@ -19,6 +26,11 @@ StateVector vec(double x, double y, double z) {
   StateVector v{x, y, z, 0};
   VecMagnitude(v);
   return v;
+}
+// A vector of the given length in a random direction.
+StateVector unit3(std::mt19937& random, std::uniform_real_distribution<double>& unit, double length) {
+  const StateVector v = vec(unit(random), unit(random), unit(random) + 1e-3);
+  return vec(length * v.x / v.w, length * v.y / v.w, length * v.z / v.w);
 }
 StateVector unit(const StateVector& a) { return vec(a.x / a.w, a.y / a.w, a.z / a.w); }
 StateVector add(const StateVector& a, const StateVector& b, double k = 1.0) {
@@ -153,6 +165,99 @@ TEST_F(Flares, LeftReflectionAndObserverBehindEveryPanel) {
   EXPECT_EQ(antenna, 1);
   EXPECT_EQ(psi, -1);
   EXPECT_STREQ(AntennaName(3), "Right MMA");
+}
+
+// The lanes of sampleMany against sample() for observers from the equator
+// to the poles, times from 1995 to 2030 and states all around the Earth, with
+// a row at the observer's zenith, one just off it and rows sample() rejects
+// (inside the Earth, not a number, an infinite velocity).
+TEST(SkyViewSampleMany, EqualsSampleRowByRow) {
+  const double nan = std::numeric_limits<double>::quiet_NaN();
+  std::mt19937 random(11);
+  std::uniform_real_distribution<double> unit(-1.0, 1.0);
+  double worstAngle = 0, worstKm = 0;
+  int valid = 0, below = 0;
+  for (const Geodetic& where : {Geodetic{0, 0, 0, 0}, Geodetic{51.5 * kDegree, -0.1 * kDegree, 0.05, 0},
+                                Geodetic{-33.9 * kDegree, 151.2 * kDegree, 0.1, 0},
+                                Geodetic{89.9 * kDegree, 15 * kDegree, 2.8, 0}}) {
+    std::vector<double> jds;
+    BatchStates states;
+    states.resize(203);
+    for (std::size_t k = 0; k < states.rows(); ++k) {
+      jds.push_back(2449700.0 + 12800.0 * (unit(random) + 1.0) / 2.0);
+      const double radius = 6400.0 + 36000.0 * (unit(random) + 1.0) / 2.0;
+      const StateVector r = unit3(random, unit, radius), v = unit3(random, unit, 7.5);
+      for (const auto& [f, value] : {std::pair{StateField::X, r.x}, {StateField::Y, r.y}, {StateField::Z, r.z},
+                                     {StateField::Vx, v.x}, {StateField::Vy, v.y}, {StateField::Vz, v.z}})
+        states.at(f, k) = value;
+    }
+    // Rows 0 and 1: straight up from the observer, and 0.1 degree off it.
+    for (std::size_t k : {0u, 1u}) {
+      Geodetic observer = where;
+      StateVector pos, vel;
+      ObserverPosVel(jds[k], observer, pos, vel);
+      const double tilt = k == 0 ? 0.0 : 0.1 * kDegree;
+      const double up[3] = {std::cos(where.lat + tilt) * std::cos(observer.theta),
+                            std::cos(where.lat + tilt) * std::sin(observer.theta), std::sin(where.lat + tilt)};
+      states.at(StateField::X, k) = pos.x + 800.0 * up[0];
+      states.at(StateField::Y, k) = pos.y + 800.0 * up[1];
+      states.at(StateField::Z, k) = pos.z + 800.0 * up[2];
+    }
+    states.at(StateField::X, 2) = 6000.0;
+    states.at(StateField::Y, 2) = states.at(StateField::Z, 2) = 0.0;
+    states.at(StateField::Y, 3) = nan;
+    states.at(StateField::Vz, 4) = std::numeric_limits<double>::infinity();
+
+    SkyView lanes(where), scalar(where);
+    std::vector<SkySample> many(jds.size());
+    // Every instruction set the machine runs.
+    for (const std::int64_t target : hwy::SupportedAndGeneratedTargets()) {
+      hwy::SetSupportedTargetsForTest(target);
+      lanes.sampleMany(jds, states, many);
+      for (std::size_t k = 0; k < jds.size(); ++k) {
+        OrbitState state;
+        for (std::size_t i = 0; i < 3; ++i) {
+          state.positionKm[i] = states.at(static_cast<StateField>(i), k);
+          state.velocityKmS[i] = states.at(static_cast<StateField>(i + 3), k);
+        }
+        const SkySample one = scalar.sample(jds[k], state);
+        const SkySample& m = many[k];
+        EXPECT_EQ(m.valid, one.valid) << k;
+        EXPECT_EQ(m.jd, one.jd);
+        EXPECT_EQ(m.valid, k < 2 || k > 4) << k;
+        valid += one.valid ? 1 : 0;
+        below += one.elevation < 0 ? 1 : 0;
+        // At the zenith the elevation and the separation are as flat as arcsine
+        // and arccosine at 1, and the azimuth is any value; due north (row 1)
+        // it may come out as 0 or as a whole turn.
+        const double angleTolerance = k == 0 ? 1e-7 : 1e-9;
+        for (const auto& [a, b] : {std::pair{m.elevation, one.elevation}, {m.separation, one.separation},
+                                   {k == 0 ? 0.0 : m.azimuth, k == 0 ? 0.0 : one.azimuth}}) {
+          const double difference = std::fabs(std::remainder(a - b, kTwoPi));
+          EXPECT_LT(difference, angleTolerance) << k << ": " << a << " " << b;
+          if (k != 0) worstAngle = std::max(worstAngle, difference);
+        }
+        EXPECT_NEAR(m.separationRate, one.separationRate, 1e-9 * std::max(1.0, std::fabs(one.separationRate))) << k;
+        for (const auto& [a, b] :
+             {std::pair{m.footToObserver, one.footToObserver}, {m.footToSatellite, one.footToSatellite},
+              {m.satPos.x, one.satPos.x}, {m.satPos.y, one.satPos.y}, {m.satPos.z, one.satPos.z},
+              {m.satPos.w, one.satPos.w}, {m.obsPos.x, one.obsPos.x}, {m.obsPos.y, one.obsPos.y},
+              {m.obsPos.z, one.obsPos.z}, {m.obsPos.w, one.obsPos.w}}) {
+          if (std::isnan(b)) {
+            EXPECT_TRUE(std::isnan(a)) << k;
+            continue;
+          }
+          EXPECT_NEAR(a, b, 1e-6) << k;
+          worstKm = std::max(worstKm, std::fabs(a - b));
+        }
+      }
+    }
+    hwy::SetSupportedTargetsForTest(0);
+  }
+  std::printf("sampleMany vs sample: %d valid rows, %d below the horizon; largest differences %.3g rad, %.3g km\n",
+              valid, below, worstAngle, worstKm);
+  EXPECT_GT(below, 100);
+  EXPECT_GT(valid - below, 100);
 }
 
 }  // namespace

@@ -1,7 +1,7 @@
 // The batch models against the scalar ones: every verification set and every
-// set of the bundled element files, in both batch forms (many satellites at
-// one time, one satellite at many times), on every SIMD target the machine
-// runs.
+// set of the bundled element files, in the batch forms (many satellites at
+// one time, one satellite at many times, any satellites each at its own
+// time), on every SIMD target the machine runs.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -9,11 +9,13 @@
 #include <fstream>
 #include <iterator>
 #include <memory>
+#include <random>
 #include <span>
 #include <string>
 #include <vector>
 
 #include "core/elements/element_text.h"
+#include "core/propagation/batch_propagator.h"
 #include "core/propagation/batch_sdp4.h"
 #include "core/propagation/batch_sgp4.h"
 #include "element_sets.h"
@@ -220,6 +222,68 @@ TEST(BatchPropagation, ALaneWithoutAnOrbitKeepsToItself) {
       EXPECT_EQ(clean.at(static_cast<StateField>(f), i), mixed.at(static_cast<StateField>(f), row)) << i;
     }
   }
+}
+
+// Requests in shuffled order, several per satellite, at times over the day
+// after its own epoch and over a day a month later (where the verification
+// file's decaying sets have fallen and resonant sets integrate for 60 steps);
+// each against a fresh scalar model, with one satellite that has no orbit
+// among them.
+TEST(BatchPropagation, ManySatellitesEachAtItsOwnTime) {
+  std::vector<Satellite> sats = verificationSatellites();
+  for (const char* file : {"visual_2017-04-14.txt", "iridium_2014-06-21.txt"}) {
+    const std::vector<Satellite> more = bundledFile(file);
+    sats.insert(sats.end(), more.begin(), more.end());
+  }
+  const std::size_t orbitless = sats.size() / 2;
+  sats.insert(sats.begin() + static_cast<std::ptrdiff_t>(orbitless), Satellite{});
+  const BatchPropagator batch(sats);
+  ASSERT_EQ(batch.size(), sats.size());
+  std::mt19937 random(7);
+  std::uniform_real_distribution<double> day(0.0, 1.0);
+  std::vector<std::uint32_t> which;
+  std::vector<double> jds;
+  for (std::uint32_t i = 0; i < sats.size(); ++i) {
+    for (int n = 0; n < 6; ++n) {
+      which.push_back(i);
+      jds.push_back(epochToJulian(sats[i].epoch) + (n % 2 == 0 ? 0.0 : 30.0) + day(random));
+    }
+  }
+  std::vector<std::size_t> order(which.size());
+  for (std::size_t k = 0; k < order.size(); ++k) order[k] = k;
+  std::shuffle(order.begin(), order.end(), random);
+  std::vector<std::uint32_t> shuffledWhich;
+  std::vector<double> shuffledJds;
+  for (const std::size_t k : order) {
+    shuffledWhich.push_back(which[k]);
+    shuffledJds.push_back(jds[k]);
+  }
+
+  int targets = 0;
+  for (const std::int64_t target : hwy::SupportedAndGeneratedTargets()) {
+    hwy::SetSupportedTargetsForTest(target);
+    if (std::string(batchTargetName()) != hwy::TargetName(target)) continue;
+    ++targets;
+    BatchStates out;
+    batch.statesAt(shuffledWhich, shuffledJds, out);
+    ASSERT_EQ(out.rows(), shuffledWhich.size());
+    auto models = std::make_unique<ModelState>();
+    Deviation nearEarth, deepSpace;
+    for (std::size_t k = 0; k < out.rows(); ++k) {
+      const std::uint32_t i = shuffledWhich[k];
+      if (i == orbitless) {
+        EXPECT_FALSE(std::isfinite(out.at(StateField::X, k) + out.at(StateField::Vz, k)));
+        continue;
+      }
+      const WorkingSet work = test::workingSetOf(sats[i]);
+      compare(scalarAt(*models, work, shuffledJds[k]), out, k, work.isDeepSpace != 0 ? deepSpace : nearEarth);
+    }
+    EXPECT_GT(deepSpace.compared, 100);
+    expectWithinTolerance(nearEarth, "SGP4 all sets, each at its own time");
+    expectWithinTolerance(deepSpace, "SDP4 all sets, each at its own time");
+  }
+  hwy::SetSupportedTargetsForTest(0);
+  EXPECT_GE(targets, 1);
 }
 
 }  // namespace
