@@ -24,6 +24,7 @@ constexpr double kDegree = kPi / 180.0;
 constexpr double kVerticalMargin = 1e-7;
 // Crossings and culminations are located to this, then rounded to the second.
 constexpr double kTimeTolerance = 0.2 * kSecond;
+constexpr double kCulminationTolerance = 0.2;  // s
 // Orbits of this period and longer are propagated as deep-space ones.
 constexpr double kDeepSpacePeriod = 225.0 / 1440.0;  // days
 // The Sun's elevation changes by at most the Earth's rotation rate.
@@ -135,19 +136,34 @@ SearchTask<SkySample> PlannerSearch::crossing(SkySample before, SkySample after)
 }
 
 SearchTask<SkySample> PlannerSearch::culmination(SkySample left, SkySample top, SkySample right) {
-  SkySample best = top;
-  if (!(right.jd - left.jd > kTimeTolerance)) co_return best;
+  if (!(right.jd - left.jd > kTimeTolerance)) co_return top;
   // On the negated elevation, in seconds from left so that the tolerance is
   // not lost in the Julian date.
+  const double span = (right.jd - left.jd) / kSecond;
   const bool leftHigher = left.elevation > right.elevation;
   const SkySample& second = leftHigher ? left : right;
   const SkySample& third = leftHigher ? right : left;
-  MinimumSearch search(0.0, (right.jd - left.jd) / kSecond, Probe{(top.jd - left.jd) / kSecond, -top.elevation},
-                       Probe{(second.jd - left.jd) / kSecond, -second.elevation},
-                       Probe{(third.jd - left.jd) / kSecond, -third.elevation}, 0.2);
+  const MinimumSearch coarse(0.0, span, Probe{(top.jd - left.jd) / kSecond, -top.elevation},
+                             Probe{(second.jd - left.jd) / kSecond, -second.elevation},
+                             Probe{(third.jd - left.jd) / kSecond, -third.elevation}, kCulminationTolerance);
+  const SkySample best = co_await highest(coarse, left.jd, top);
+  // Near the zenith the elevation comes to a sharp peak: a tenth of a second
+  // from it is worth a hundredth of a degree. There the peak is narrowed down
+  // further, within the bracket the first search leaves (four tolerances).
+  const double fine = std::max(0.002, 0.02 * (90.0 - degreesOf(best.elevation)));
+  if (!(fine < kCulminationTolerance) || !best.valid) co_return best;
+  const double x = (best.jd - left.jd) / kSecond;
+  const Probe peak{x, -best.elevation};
+  const MinimumSearch narrow(std::max(0.0, x - 4.0 * kCulminationTolerance),
+                             std::min(span, x + 4.0 * kCulminationTolerance), peak, peak, peak, fine);
+  const SkySample finest = co_await highest(narrow, left.jd, best);
+  co_return finest;
+}
+
+SearchTask<SkySample> PlannerSearch::highest(MinimumSearch search, double originJd, SkySample best) {
   double seconds = 0;
   while (search.next(seconds)) {
-    const double jd = left.jd + seconds * kSecond;
+    const double jd = originJd + seconds * kSecond;
     const SkySample s = co_await look(jd);
     if (!s.valid) {
       search.tell(10.0);

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <vector>
 
+#include "core/analysis/extremum.h"
 #include "core/analysis/orbit_bounds.h"
 #include "core/analysis/pass_geometry.h"
 #include "core/analysis/pass_planner.h"
@@ -74,6 +75,8 @@ class PlannerSearch {
   SearchTask<SkySample> crossing(SkySample before, SkySample after);
   // The highest point between left and right, top being the highest sample.
   SearchTask<SkySample> culmination(SkySample left, SkySample top, SkySample right);
+  // The highest sample the search finds, in seconds from originJd, or best.
+  SearchTask<SkySample> highest(MinimumSearch search, double originJd, SkySample best);
   // Ends the pass under way at los, rightEdge being the sample after the highest one.
   SearchTask<void> closePass(SkySample los, SkySample rightEdge);
   SearchTask<PlannedPass> makePass(SkySample aos, SkySample los, SkySample top);
