@@ -2,23 +2,15 @@
 // search over the Iridium file. Counters report rows and passes found.
 #include <benchmark/benchmark.h>
 
-#include <fstream>
 #include <memory>
-#include <sstream>
 #include <string>
 
 #include "core/analysis/pass_search.h"
+#include "bench/data_file.h"
 #include "core/elements/element_text.h"
 
 namespace norvane {
 namespace {
-
-std::string fileText(const char* name) {
-  std::ifstream in(std::string(NORVANE_DATA_DIR) + "/" + name, std::ios::binary);
-  std::ostringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
 
 void search(benchmark::State& bench, const std::string& text, const PassSearchOptions& options) {
   auto catalogue = std::make_unique<Catalogue>();
@@ -39,20 +31,20 @@ void search(benchmark::State& bench, const std::string& text, const PassSearchOp
 
 // The bright-satellite file followed by the Iridium file fills all 181 slots.
 void BM_Passes24h181Satellites(benchmark::State& bench) {
-  search(bench, fileText("visual_2017-04-14.txt") + fileText("iridium_2014-06-21.txt"),
+  search(bench, bench::DataFileText("visual_2017-04-14.txt") + bench::DataFileText("iridium_2014-06-21.txt"),
          {2457858.0, 24, false, false, 20, 0});
 }
 BENCHMARK(BM_Passes24h181Satellites)->Unit(benchmark::kMillisecond);
 
 // Visible-only with no magnitude limit reached: rows stay below 301, so every satellite runs the full day.
 void BM_Passes24h181SatellitesVisibleOnly(benchmark::State& bench) {
-  search(bench, fileText("visual_2017-04-14.txt") + fileText("iridium_2014-06-21.txt"),
+  search(bench, bench::DataFileText("visual_2017-04-14.txt") + bench::DataFileText("iridium_2014-06-21.txt"),
          {2457858.0, 24, false, true, 1, 0});
 }
 BENCHMARK(BM_Passes24h181SatellitesVisibleOnly)->Unit(benchmark::kMillisecond);
 
 void BM_Flares24hIridium(benchmark::State& bench) {
-  search(bench, fileText("iridium_2014-06-21.txt"), {2456829.5, 24, true, false, 20, 0});
+  search(bench, bench::DataFileText("iridium_2014-06-21.txt"), {2456829.5, 24, true, false, 20, 0});
 }
 BENCHMARK(BM_Flares24hIridium)->Unit(benchmark::kMillisecond);
 

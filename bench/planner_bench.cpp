@@ -3,30 +3,22 @@
 // samples the searches take, one at a time and many at once.
 #include <benchmark/benchmark.h>
 
-#include <fstream>
 #include <memory>
 #include <numeric>
 #include <random>
-#include <sstream>
 #include <string>
 
 #include "core/analysis/pass_geometry.h"
 #include "core/analysis/pass_planner.h"
+#include "bench/data_file.h"
 #include "core/elements/element_text.h"
 
 namespace norvane {
 namespace {
 
-std::string fileText(const char* name) {
-  std::ifstream in(std::string(NORVANE_DATA_DIR) + "/" + name, std::ios::binary);
-  std::ostringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
-
 void plan(benchmark::State& bench, double days) {
   auto catalogue = std::make_unique<Catalogue>();
-  loadElementText(*catalogue, fileText("visual_2017-04-14.txt") + fileText("iridium_2014-06-21.txt"));
+  loadElementText(*catalogue, bench::DataFileText("visual_2017-04-14.txt") + bench::DataFileText("iridium_2014-06-21.txt"));
   std::vector<int> slots(static_cast<std::size_t>(catalogue->satelliteCount));
   std::iota(slots.begin(), slots.end(), 0);
   const Geodetic observer{0.9424777960769379, 0.17, 0.05, 0};

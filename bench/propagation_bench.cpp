@@ -3,14 +3,13 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
 #include <memory>
 #include <numeric>
 #include <random>
 #include <string>
 #include <vector>
 
+#include "bench/data_file.h"
 #include "core/elements/element_parser.h"
 #include "core/propagation/batch_propagator.h"
 #include "core/propagation/batch_sdp4.h"
@@ -70,10 +69,8 @@ void init(benchmark::State& state, const char* const lines[2], int mode) {
 // bundled element sets, as the catalogue maker in tools/ makes them.
 std::vector<Satellite> catalogue(std::size_t count, bool deepSpace) {
   std::vector<Satellite> templates;
-  for (const char* name : {"/visual_2017-04-14.txt", "/iridium_2014-06-21.txt", "/sources/sgp4-ver.tle"}) {
-    std::ifstream in(std::string(NORVANE_DATA_DIR) + name, std::ios::binary);
-    for (const Satellite& s : readElementSets(std::string{std::istreambuf_iterator<char>(in), {}}))
-      templates.push_back(s);
+  for (const char* name : {"visual_2017-04-14.txt", "iridium_2014-06-21.txt", "sources/sgp4-ver.tle"}) {
+    for (const Satellite& s : readElementSets(bench::DataFileText(name))) templates.push_back(s);
   }
   return syntheticCatalogue(templates, count, deepSpace ? 1.0 : 0.0, 20261123u);
 }

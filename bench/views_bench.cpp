@@ -1,11 +1,10 @@
 // One full paint of each view at 23:00 local time in Kiel on 14 April 2017.
 #include <benchmark/benchmark.h>
 
-#include <fstream>
 #include <memory>
-#include <sstream>
 #include <string>
 
+#include "bench/data_file.h"
 #include "core/elements/element_file.h"
 #include "ui/surface/skins.h"
 #include "ui/views/gps_page.h"
@@ -21,13 +20,6 @@ class QuietSink : public MessageSink {
   void show(const std::string&, const std::string&, MessageIcon) override {}
 };
 
-std::string ReadData(const char* name) {
-  std::ifstream in(std::string(NORVANE_DATA_DIR) + "/" + name, std::ios::binary);
-  std::ostringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
-
 struct Bench {
   std::unique_ptr<Catalogue> catalogue = std::make_unique<Catalogue>();
   Settings settings;
@@ -41,7 +33,7 @@ struct Bench {
   Bench() {
     QuietSink sink;
     // The two element files together fill every slot.
-    const std::string text = ReadData("visual_2017-04-14.txt") + ReadData("iridium_2014-06-21.txt");
+    const std::string text = bench::DataFileText("visual_2017-04-14.txt") + bench::DataFileText("iridium_2014-06-21.txt");
     readElementFile(*catalogue, sink, text, "visual+iridium");
     catalogue->selected.fill(1);
     LoadSkins(*skins, surface, std::string(NORVANE_DATA_DIR) + "/skins", sink);

@@ -20,12 +20,14 @@ struct CataloguePlan {
   std::vector<PlannedPass> passes;  // sorted by AOS, then by the satellite's index
   std::size_t searched = 0;         // satellites left after the pre-filter
   int threads = 0;                  // workers used
+  std::size_t samples = 0;          // sky samples the searches asked for (SGP4/SDP4 only)
 };
 
 // The passes of every satellite of a catalogue of any size between startJd
 // and endJd, searched by the pass planner on threads workers (0: one per
 // processor) after the pre-filter canRise. A pass's slot is the satellite's
-// index in sats.
+// index in sats. With the SGP4/SDP4 models each worker keeps its searches in
+// step and works their samples out together; the passes equal planPasses's.
 CataloguePlan planAllPasses(std::span<const Satellite> sats, const Geodetic& observer, double startJd,
                             double endJd, const PlannerOptions& options, int threads);
 

@@ -9,79 +9,91 @@ struct Probe {
   double f = 0;
 };
 
-// Smallest value of g on [a, b] by golden sections with parabolic steps,
-// located to within tol (same unit as a and b), starting from three probes
-// already made: best, second best and third. Returns x; g(x) in fx.
-template <typename F>
-double minimiseFrom(F&& g, double a, double b, Probe best, Probe second, Probe third, double tol, double& fx) {
-  constexpr double kGolden = 0.3819660112501051;  // (3 - sqrt 5) / 2
-  double x = best.x;
-  fx = best.f;
-  double w = second.x;
-  double fw = second.f;
-  double v = third.x;
-  double fv = third.f;
-  // A first step as long as the interval lets the parabola through the three
-  // probes be tried at once.
-  double d = b - a;
-  double e = b - a;
-  for (int iteration = 0; iteration < 100; ++iteration) {
-    const double middle = 0.5 * (a + b);
-    if (std::fabs(x - middle) <= 2.0 * tol - 0.5 * (b - a)) break;
-    bool golden = true;
-    if (std::fabs(e) > tol) {
-      // Parabola through x, w and v.
-      const double r = (x - w) * (fx - fv);
-      double q = (x - v) * (fx - fw);
-      double p = (x - v) * q - (x - w) * r;
-      q = 2.0 * (q - r);
-      if (q > 0.0) p = -p;
-      q = std::fabs(q);
-      const double previous = e;
-      e = d;
-      if (std::fabs(p) < std::fabs(0.5 * q * previous) && p > q * (a - x) && p < q * (b - x)) {
-        d = p / q;
-        const double u = x + d;
-        if (u - a < 2.0 * tol || b - u < 2.0 * tol) d = x < middle ? tol : -tol;
-        golden = false;
-      }
-    }
-    if (golden) {
-      e = x < middle ? b - x : a - x;
-      d = kGolden * e;
-    }
-    const double u = x + (std::fabs(d) >= tol ? d : (d > 0.0 ? tol : -tol));
-    const double fu = g(u);
-    if (fu <= fx) {
-      (u < x ? b : a) = x;
-      v = w;
-      fv = fw;
-      w = x;
-      fw = fx;
-      x = u;
-      fx = fu;
-    } else {
-      (u < x ? a : b) = u;
-      if (fu <= fw || w == x) {
-        v = w;
-        fv = fw;
-        w = u;
-        fw = fu;
-      } else if (fu <= fv || v == x || v == w) {
-        v = u;
-        fv = fu;
-      }
+// Where the golden section divides an interval, from its lower end.
+inline constexpr double kGoldenSection = 0.3819660112501051;  // (3 - sqrt 5) / 2
+
+// Smallest value of a function on [a, b] by golden sections with parabolic
+// steps, located to within tol (same unit as a and b), starting from three
+// probes already made: best, second best and third. The search does not call
+// the function itself: next() names the abscissa to evaluate and tell() takes
+// the value there, so the caller may take as long as it likes over each one.
+//   MinimumSearch m(a, b, best, second, third, tol);
+//   for (double u = 0; m.next(u);) m.tell(g(u));
+//   m.best();  // x and g(x)
+class MinimumSearch {
+ public:
+  // A first step as long as the interval lets the parabola through the
+  // three probes be tried at once.
+  MinimumSearch(double a, double b, Probe best, Probe second, Probe third, double tol)
+      : a_(a), b_(b), x_(best), w_(second), v_(third), d_(b - a), e_(b - a), tol_(tol) {}
+
+  // The next abscissa to evaluate; false once the minimum is located.
+  bool next(double& u);
+  // The function's value at the abscissa next() gave.
+  void tell(double fu);
+  Probe best() const { return x_; }
+
+ private:
+  double a_;
+  double b_;
+  Probe x_;  // best so far
+  Probe w_;  // second best
+  Probe v_;  // previous second best
+  double d_;
+  double e_;
+  double tol_;
+  double u_ = 0;
+  int iterations_ = 0;
+};
+
+inline bool MinimumSearch::next(double& u) {
+  if (iterations_ >= 100) return false;
+  const double middle = 0.5 * (a_ + b_);
+  if (std::fabs(x_.x - middle) <= 2.0 * tol_ - 0.5 * (b_ - a_)) return false;
+  bool golden = true;
+  if (std::fabs(e_) > tol_) {
+    // Parabola through x, w and v.
+    const double r = (x_.x - w_.x) * (x_.f - v_.f);
+    double q = (x_.x - v_.x) * (x_.f - w_.f);
+    double p = (x_.x - v_.x) * q - (x_.x - w_.x) * r;
+    q = 2.0 * (q - r);
+    if (q > 0.0) p = -p;
+    q = std::fabs(q);
+    const double previous = e_;
+    e_ = d_;
+    if (std::fabs(p) < std::fabs(0.5 * q * previous) && p > q * (a_ - x_.x) && p < q * (b_ - x_.x)) {
+      d_ = p / q;
+      const double step = x_.x + d_;
+      if (step - a_ < 2.0 * tol_ || b_ - step < 2.0 * tol_) d_ = x_.x < middle ? tol_ : -tol_;
+      golden = false;
     }
   }
-  return x;
+  if (golden) {
+    e_ = x_.x < middle ? b_ - x_.x : a_ - x_.x;
+    d_ = kGoldenSection * e_;
+  }
+  u_ = x_.x + (std::fabs(d_) >= tol_ ? d_ : (d_ > 0.0 ? tol_ : -tol_));
+  u = u_;
+  return true;
 }
 
-// The same from scratch: the first probe at the golden section of [a, b].
-template <typename F>
-double minimiseOn(F&& g, double a, double b, double tol, double& fx) {
-  const double x = a + 0.3819660112501051 * (b - a);
-  const double f = g(x);
-  return minimiseFrom(g, a, b, {x, f}, {x, f}, {x, f}, tol, fx);
+inline void MinimumSearch::tell(double fu) {
+  ++iterations_;
+  const Probe probe{u_, fu};
+  if (fu <= x_.f) {
+    (u_ < x_.x ? b_ : a_) = x_.x;
+    v_ = w_;
+    w_ = x_;
+    x_ = probe;
+  } else {
+    (u_ < x_.x ? a_ : b_) = u_;
+    if (fu <= w_.f || w_.x == x_.x) {
+      v_ = w_;
+      w_ = probe;
+    } else if (fu <= v_.f || v_.x == x_.x || v_.x == w_.x) {
+      v_ = probe;
+    }
+  }
 }
 
 }  // namespace norvane

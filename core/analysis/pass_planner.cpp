@@ -4,11 +4,13 @@
 #include <cmath>
 #include <cstring>
 #include <memory>
+#include <utility>
 
 #include "core/analysis/eclipse.h"
 #include "core/analysis/extremum.h"
 #include "core/analysis/magnitude.h"
 #include "core/analysis/orbit_bounds.h"
+#include "core/analysis/planner_search.h"
 #include "core/analysis/satellite_shape.h"
 #include "core/analysis/visibility.h"
 #include "core/astro/numeric.h"
@@ -22,6 +24,7 @@ constexpr double kDegree = kPi / 180.0;
 constexpr double kVerticalMargin = 1e-7;
 // Crossings and culminations are located to this, then rounded to the second.
 constexpr double kTimeTolerance = 0.2 * kSecond;
+constexpr double kCulminationTolerance = 0.2;  // s
 // Orbits of this period and longer are propagated as deep-space ones.
 constexpr double kDeepSpacePeriod = 225.0 / 1440.0;  // days
 // The Sun's elevation changes by at most the Earth's rotation rate.
@@ -36,51 +39,38 @@ std::string trimmedName(const Satellite& satellite) {
   return name;
 }
 
-// The search for one satellite: a coarse scan whose steps are as long as the
-// orbit's bounds allow, then root finding for the crossings of the minimum
-// elevation and a maximum search for the culmination.
-class PassSearch {
- public:
-  PassSearch(StateSource& source, const Satellite& satellite, int slot, const Geodetic& observer,
-             const PlannerOptions& options)
-      : source_(source),
-        satellite_(satellite),
-        slot_(slot),
-        view_(observer),
-        minElevation_(options.minElevationDeg * kDegree),
-        finest_(std::max(1.0, options.finestStepSeconds) * kSecond),
-        bounds_(orbitBoundsOf(satellite)),
-        standardMagnitude_(StandardMagnitude(satellite.catnr)),
-        turnRate_(bounds_.maxTurnRate) {}
+}  // namespace
 
-  std::vector<PlannedPass> run(double start, double end);
+PlannerSearch::PlannerSearch(StateSource* source, const Satellite& satellite, int slot, const Geodetic& observer,
+                             const PlannerOptions& options)
+    : source_(source),
+      satellite_(satellite),
+      slot_(slot),
+      view_(observer),
+      minElevation_(options.minElevationDeg * kDegree),
+      finest_(std::max(1.0, options.finestStepSeconds) * kSecond),
+      bounds_(orbitBoundsOf(satellite)),
+      standardMagnitude_(StandardMagnitude(satellite.catnr)),
+      turnRate_(bounds_.maxTurnRate) {}
 
- private:
-  SkySample look(double jd) { return view_.sample(jd, source_.stateAt(jd)); }
-  bool above(const SkySample& s) const { return s.elevation >= minElevation_; }
-  // How long the satellite certainly stays on its side of the minimum
-  // elevation, from the separation angle and the orbit's turn rate; days.
-  // Backwards in time when `backwards` is set.
-  double safeSpan(const SkySample& s, bool backwards = false) const;
-  double stepAfter(const SkySample& s) const;
-  SkySample crossing(const SkySample& before, const SkySample& after);
-  // The highest point between left and right, top being the highest sample.
-  SkySample culmination(const SkySample& left, const SkySample& top, const SkySample& right);
-  PlannedPass makePass(const SkySample& aos, const SkySample& los, const SkySample& top);
-  void findVisiblePart(PlannedPass& pass, double from, double to);
+bool PlannerSearch::Look::await_ready() {
+  ++search.samples_;
+  if (search.source_ == nullptr) return false;
+  search.answer_ = search.view_.sample(jd, search.source_->stateAt(jd));
+  return true;
+}
 
-  StateSource& source_;
-  const Satellite& satellite_;
-  int slot_;
-  SkyView view_;
-  double minElevation_;
-  double finest_;
-  OrbitBounds bounds_;
-  double standardMagnitude_;
-  double turnRate_ = 0;  // rad/day, raised when the samples show a faster turn
-};
+void PlannerSearch::Look::await_suspend(std::coroutine_handle<> waiting) {
+  search.requestedJd_ = jd;
+  search.waiting_ = waiting;
+}
 
-double PassSearch::safeSpan(const SkySample& s, bool backwards) const {
+void PlannerSearch::answer(const SkySample& sample) {
+  answer_ = sample;
+  std::exchange(waiting_, {}).resume();
+}
+
+double PlannerSearch::safeSpan(const SkySample& s, bool backwards) const {
   // The separation at which the satellite would stand at the minimum
   // elevation moves with the satellite's distance; both motions are bounded.
   const bool up = above(s);
@@ -103,7 +93,7 @@ double PassSearch::safeSpan(const SkySample& s, bool backwards) const {
   return std::max(firstOrder, std::min(secondOrder, outAndBack));
 }
 
-double PassSearch::stepAfter(const SkySample& s) const {
+double PlannerSearch::stepAfter(const SkySample& s) const {
   if (!above(s)) return std::clamp(safeSpan(s), finest_, 1.0);
   // Within a pass the culmination must stay bracketed. A near-Earth orbit
   // rises and sets once per pass, so a fortieth of its period is safe; a high
@@ -113,7 +103,7 @@ double PassSearch::stepAfter(const SkySample& s) const {
   return std::clamp(std::max(safeSpan(s), shortest), finest_, longest);
 }
 
-SkySample PassSearch::crossing(const SkySample& before, const SkySample& after) {
+SearchTask<SkySample> PlannerSearch::crossing(SkySample before, SkySample after) {
   // Regula falsi with the Illinois weighting, on elevation - minimum; the
   // sample nearest the crossing is returned with the crossing's time.
   SkySample a = before;
@@ -124,7 +114,7 @@ SkySample PassSearch::crossing(const SkySample& before, const SkySample& after) 
   for (int i = 0; i < 60 && b.jd - a.jd > kTimeTolerance; ++i) {
     double t = (a.jd * fb - b.jd * fa) / (fb - fa);
     if (!(t > a.jd && t < b.jd)) t = 0.5 * (a.jd + b.jd);
-    const SkySample s = look(t);
+    const SkySample s = co_await look(t);
     if (!s.valid) break;
     const double f = s.elevation - minElevation_;
     if ((f >= 0.0) == (fb >= 0.0)) {
@@ -142,28 +132,62 @@ SkySample PassSearch::crossing(const SkySample& before, const SkySample& after) 
   const double t = 0.5 * (a.jd + b.jd);
   SkySample nearest = std::fabs(a.elevation - minElevation_) < std::fabs(b.elevation - minElevation_) ? a : b;
   nearest.jd = t;
-  return nearest;
+  co_return nearest;
 }
 
-SkySample PassSearch::culmination(const SkySample& left, const SkySample& top, const SkySample& right) {
-  SkySample best = top;
-  if (!(right.jd - left.jd > kTimeTolerance)) return best;
-  // Seconds from left, so the tolerance is not lost in the Julian date.
-  auto negatedElevation = [&](double seconds) {
-    const SkySample s = look(left.jd + seconds * kSecond);
-    if (!s.valid) return 10.0;
-    if (s.elevation > best.elevation) best = s;
-    return -s.elevation;
-  };
-  auto probe = [&](const SkySample& s) { return Probe{(s.jd - left.jd) / kSecond, -s.elevation}; };
+SearchTask<SkySample> PlannerSearch::culmination(SkySample left, SkySample top, SkySample right) {
+  if (!(right.jd - left.jd > kTimeTolerance)) co_return top;
+  // On the negated elevation, in seconds from left so that the tolerance is
+  // not lost in the Julian date.
+  const double span = (right.jd - left.jd) / kSecond;
   const bool leftHigher = left.elevation > right.elevation;
-  double ignored = 0;
-  minimiseFrom(negatedElevation, 0.0, (right.jd - left.jd) / kSecond, probe(top), probe(leftHigher ? left : right),
-               probe(leftHigher ? right : left), 0.2, ignored);
-  return best;
+  const SkySample& second = leftHigher ? left : right;
+  const SkySample& third = leftHigher ? right : left;
+  const MinimumSearch coarse(0.0, span, Probe{(top.jd - left.jd) / kSecond, -top.elevation},
+                             Probe{(second.jd - left.jd) / kSecond, -second.elevation},
+                             Probe{(third.jd - left.jd) / kSecond, -third.elevation}, kCulminationTolerance);
+  const SkySample best = co_await highest(coarse, left.jd, top);
+  // Near the zenith the elevation comes to a sharp peak: a tenth of a second
+  // from it is worth a hundredth of a degree. There the peak is narrowed down
+  // further, within the bracket the first search leaves (four tolerances).
+  const double fine = std::max(0.002, 0.02 * (90.0 - degreesOf(best.elevation)));
+  if (!(fine < kCulminationTolerance) || !best.valid) co_return best;
+  const double x = (best.jd - left.jd) / kSecond;
+  const Probe peak{x, -best.elevation};
+  const MinimumSearch narrow(std::max(0.0, x - 4.0 * kCulminationTolerance),
+                             std::min(span, x + 4.0 * kCulminationTolerance), peak, peak, peak, fine);
+  const SkySample finest = co_await highest(narrow, left.jd, best);
+  co_return finest;
 }
 
-PlannedPass PassSearch::makePass(const SkySample& aos, const SkySample& los, const SkySample& top) {
+SearchTask<SkySample> PlannerSearch::highest(MinimumSearch search, double originJd, SkySample best) {
+  double seconds = 0;
+  while (search.next(seconds)) {
+    const double jd = originJd + seconds * kSecond;
+    const SkySample s = co_await look(jd);
+    if (!s.valid) {
+      search.tell(10.0);
+      continue;
+    }
+    if (s.elevation > best.elevation) best = s;
+    search.tell(-s.elevation);
+  }
+  co_return best;
+}
+
+SearchTask<void> PlannerSearch::closePass(SkySample los, SkySample rightEdge) {
+  if (topOpen_) topRight_ = rightEdge;
+  const SkySample left = topLeft_.jd < aos_.jd ? aos_ : topLeft_;
+  const SkySample right = topRight_.jd > los.jd ? los : topRight_;
+  const SkySample peak = co_await culmination(left, top_, right);
+  PlannedPass pass = co_await makePass(aos_, los, peak);
+  pass.inProgressAtStart = inProgress_;
+  passes_.push_back(std::move(pass));
+  inPass_ = false;
+  inProgress_ = false;
+}
+
+SearchTask<PlannedPass> PlannerSearch::makePass(SkySample aos, SkySample los, SkySample top) {
   PlannedPass pass;
   pass.slot = slot_;
   pass.catnr = satellite_.catnr;
@@ -176,53 +200,52 @@ PlannedPass PassSearch::makePass(const SkySample& aos, const SkySample& los, con
   pass.tcaAzimuth = degreesOf(view_.azimuthOf(top));
   pass.tcaElevation = degreesOf(top.elevation);
   pass.minMagnitude = kUnknownMagnitude;
-  findVisiblePart(pass, aos.jd, los.jd);
-  return pass;
+  PlannedPass withVisible = co_await withVisiblePart(std::move(pass), aos.jd, los.jd);
+  co_return withVisible;
 }
 
-void PassSearch::findVisiblePart(PlannedPass& pass, double from, double to) {
-  struct Moment {
-    double jd = 0;
-    bool visible = false;
-    double magnitude = kUnknownMagnitude;
-  };
-  auto moment = [&](double jd) {
-    Moment m;
-    m.jd = jd;
-    const SkySample s = look(jd);
-    // Seen by eye: above the horizon (a minimum elevation may be below it),
-    // sunlit, and the sky dark.
-    if (!s.valid || !(s.elevation > 0.0)) return m;
-    StateVector sun;
-    if (!(view_.sunElevation(jd, sun) < kDarkSkySunElevation)) return m;
-    double depth = 0;
-    if (SatEclipsed(s.satPos, sun, depth) != 0) return m;
-    m.visible = true;
-    double illumination = 0;
-    double phase = 0;
-    m.magnitude = PhaseMagnitude(standardMagnitude_, sun, s.satPos, s.obsPos, illumination, phase);
-    if (!std::isfinite(m.magnitude)) m.magnitude = kUnknownMagnitude;
-    return m;
-  };
+bool PlannerSearch::MomentLook::await_ready() {
+  dark = search.view_.sunElevation(jd, sun) < kDarkSkySunElevation;
+  return !dark || Look{search, jd}.await_ready();
+}
+
+PlannerSearch::Moment PlannerSearch::MomentLook::await_resume() const {
+  Moment m;
+  m.jd = jd;
+  // Seen by eye: the sky dark, above the horizon (a minimum elevation may be
+  // below it) and sunlit.
+  if (!dark) return m;
+  const SkySample& s = search.answer_;
+  if (!s.valid || !(s.elevation > 0.0)) return m;
+  double depth = 0;
+  if (SatEclipsed(s.satPos, sun, depth) != 0) return m;
+  m.visible = true;
+  double illumination = 0;
+  double phase = 0;
+  m.magnitude = PhaseMagnitude(search.standardMagnitude_, sun, s.satPos, s.obsPos, illumination, phase);
+  if (!std::isfinite(m.magnitude)) m.magnitude = kUnknownMagnitude;
+  return m;
+}
+
+SearchTask<PlannerSearch::Moment> PlannerSearch::edge(Moment a, Moment b) {
+  while (b.jd - a.jd > kTimeTolerance) {
+    const Moment m = co_await moment(0.5 * (a.jd + b.jd));
+    (m.visible == a.visible ? a : b) = m;
+  }
+  co_return a.visible ? a : b;
+}
+
+SearchTask<PlannedPass> PlannerSearch::withVisiblePart(PlannedPass pass, double from, double to) {
   // No dark sky anywhere in the pass: nothing to look for.
   StateVector sun;
   const double duration = to - from;
   const double darkest =
       std::min(view_.sunElevation(from, sun), view_.sunElevation(to, sun)) - kSunElevationRate * duration / 2.0;
-  if (!(darkest < kDarkSkySunElevation)) return;
-
-  // Where the visibility changes between a and b (one of each), to the tolerance.
-  auto edge = [&](Moment a, Moment b) {
-    while (b.jd - a.jd > kTimeTolerance) {
-      const Moment m = moment(0.5 * (a.jd + b.jd));
-      (m.visible == a.visible ? a : b) = m;
-    }
-    return a.visible ? a : b;
-  };
+  if (!(darkest < kDarkSkySunElevation)) co_return pass;
 
   const double step = std::clamp(duration / 10.0, 5.0 * kSecond, 1800.0 * kSecond);
   const int steps = std::max(1, static_cast<int>(std::ceil(duration / step)));
-  Moment previous = moment(from);
+  Moment previous = co_await moment(from);
   // The first visible stretch: its ends and its brightest sample.
   Moment first = previous;
   Moment last = previous;
@@ -230,9 +253,10 @@ void PassSearch::findVisiblePart(PlannedPass& pass, double from, double to) {
   bool inFirst = previous.visible;
   pass.visibleStretches = inFirst ? 1 : 0;
   for (int i = 1; i <= steps; ++i) {
-    const Moment m = moment(i == steps ? to : from + i * step);
+    const double jd = i == steps ? to : from + i * step;
+    const Moment m = co_await moment(jd);
     if (m.visible != previous.visible) {
-      const Moment change = edge(previous, m);
+      const Moment change = co_await edge(previous, m);
       if (m.visible && ++pass.visibleStretches == 1) {
         first = last = brightest = change;
         inFirst = true;
@@ -248,122 +272,114 @@ void PassSearch::findVisiblePart(PlannedPass& pass, double from, double to) {
     }
     previous = m;
   }
-  if (pass.visibleStretches == 0) return;
+  if (pass.visibleStretches == 0) co_return pass;
   pass.visible = true;
   pass.visibleStart = toSecond(first.jd);
   pass.visibleEnd = toSecond(last.jd);
   double magnitude = brightest.magnitude;
   if (magnitude < kUnknownMagnitude && last.jd > first.jd) {
-    // The brightest moment lies within a step of the brightest sample.
+    // The brightest moment lies within a step of the brightest sample; in
+    // seconds from a.
     const double a = std::max(first.jd, brightest.jd - step);
     const double b = std::min(last.jd, brightest.jd + step);
-    double refined = 0;
-    minimiseOn(
-        [&](double seconds) {
-          const Moment m = moment(a + seconds * kSecond);
-          return m.visible ? m.magnitude : kUnknownMagnitude;
-        },
-        0.0, (b - a) / kSecond, 0.5, refined);
-    magnitude = std::min(magnitude, refined);
+    const double x = kGoldenSection * ((b - a) / kSecond);
+    const Moment start = co_await moment(a + x * kSecond);
+    const Probe probe{x, start.visible ? start.magnitude : kUnknownMagnitude};
+    MinimumSearch search(0.0, (b - a) / kSecond, probe, probe, probe, 0.5);
+    double seconds = 0;
+    while (search.next(seconds)) {
+      const Moment m = co_await moment(a + seconds * kSecond);
+      search.tell(m.visible ? m.magnitude : kUnknownMagnitude);
+    }
+    magnitude = std::min(magnitude, search.best().f);
   }
   pass.minMagnitude = magnitude;
+  co_return pass;
 }
 
-std::vector<PlannedPass> PassSearch::run(double start, double end) {
-  std::vector<PlannedPass> passes;
-  if (!bounds_.usable || !(end >= start)) return passes;
-  SkySample previous = look(start);
-  if (!previous.valid) return passes;
+SearchTask<std::vector<PlannedPass>> PlannerSearch::run(double start, double end) {
+  passes_.clear();
+  if (!bounds_.usable || !(end >= start)) co_return std::move(passes_);
+  SkySample previous = co_await look(start);
+  if (!previous.valid) co_return std::move(passes_);
 
-  // The pass under way: its AOS and the highest sample with its neighbours.
-  bool inPass = above(previous);
-  bool inProgress = inPass;
-  SkySample aos = previous;
-  SkySample top = previous;
-  SkySample topLeft = previous;   // the samples either side of the highest one
-  SkySample topRight = previous;
-  bool topOpen = inPass;
+  inPass_ = above(previous);
+  inProgress_ = inPass_;
+  aos_ = top_ = topLeft_ = topRight_ = previous;
+  topOpen_ = inPass_;
   SkySample beforePrevious = previous;  // for culminations between samples below the minimum
-
-  auto closePass = [&](const SkySample& los, const SkySample& rightEdge) {
-    if (topOpen) topRight = rightEdge;
-    const SkySample peak =
-        culmination(topLeft.jd < aos.jd ? aos : topLeft, top, topRight.jd > los.jd ? los : topRight);
-    PlannedPass pass = makePass(aos, los, peak);
-    pass.inProgressAtStart = inProgress;
-    passes.push_back(std::move(pass));
-    inPass = false;
-    inProgress = false;
-  };
 
   double t = start;
   while (t < end) {
     const double next = std::min(end, t + stepAfter(previous));
-    const SkySample s = look(next);
+    const SkySample s = co_await look(next);
     if (!s.valid) {
       // The orbit has decayed: a pass under way ends with the last good sample.
-      if (inPass) closePass(previous, previous);
-      return passes;
+      if (inPass_) co_await closePass(previous, previous);
+      co_return std::move(passes_);
     }
     // The bound holds for the orbit the elements describe; a sample that turned
     // faster (a decaying orbit, say) widens it for the rest of the search.
     const double seen = std::fabs(s.separation - previous.separation) / (next - t);
     if (seen > 0.8 * turnRate_) turnRate_ = 1.5 * seen;
-    if (!inPass) {
+    if (!inPass_) {
       if (above(s)) {
-        inPass = true;
-        aos = crossing(previous, s);
-        top = s;
-        topLeft = aos;
-        topOpen = true;
+        inPass_ = true;
+        aos_ = co_await crossing(previous, s);
+        top_ = s;
+        topLeft_ = aos_;
+        topOpen_ = true;
       } else if (previous.elevation > beforePrevious.elevation && previous.elevation >= s.elevation &&
                  (safeSpan(previous, true) < previous.jd - beforePrevious.jd ||
                   safeSpan(previous) < s.jd - previous.jd)) {
         // A culmination below the minimum at the sampled times, where the
         // orbit could have reached above it in between: a grazing pass?
-        const SkySample peak = culmination(beforePrevious, previous, s);
+        const SkySample peak = co_await culmination(beforePrevious, previous, s);
         if (above(peak)) {
-          aos = crossing(beforePrevious, peak);
-          const SkySample los = crossing(peak, s);
-          top = topLeft = topRight = peak;
-          topOpen = false;
-          inPass = true;
-          closePass(los, los);
+          aos_ = co_await crossing(beforePrevious, peak);
+          const SkySample los = co_await crossing(peak, s);
+          top_ = topLeft_ = topRight_ = peak;
+          topOpen_ = false;
+          inPass_ = true;
+          co_await closePass(los, los);
         }
       }
     } else {
-      if (topOpen) {
-        topRight = s;
-        topOpen = false;
+      if (topOpen_) {
+        topRight_ = s;
+        topOpen_ = false;
       }
-      if (s.elevation > top.elevation) {
-        top = s;
-        topLeft = previous;
-        topOpen = true;
+      if (s.elevation > top_.elevation) {
+        top_ = s;
+        topLeft_ = previous;
+        topOpen_ = true;
       }
-      if (!above(s)) closePass(crossing(previous, s), s);
+      if (!above(s)) {
+        const SkySample los = co_await crossing(previous, s);
+        co_await closePass(los, s);
+      }
     }
     beforePrevious = previous;
     previous = s;
     t = next;
   }
-  if (inPass) {
-    const bool wholeSpan = inProgress;
-    closePass(previous, previous);
-    PlannedPass& last = passes.back();
+  if (inPass_) {
+    const bool wholeSpan = inProgress_;
+    co_await closePass(previous, previous);
+    PlannedPass& last = passes_.back();
     last.endsAfterSpan = true;
     last.neverSets = wholeSpan;
   }
-  return passes;
+  co_return std::move(passes_);
 }
-
-}  // namespace
 
 std::vector<PlannedPass> planPassesFrom(StateSource& source, const Satellite& satellite, int slot,
                                         const Geodetic& observer, double startJd, double endJd,
                                         const PlannerOptions& options) {
-  PassSearch search(source, satellite, slot, observer, options);
-  return search.run(startJd, endJd);
+  PlannerSearch search(&source, satellite, slot, observer, options);
+  SearchTask<std::vector<PlannedPass>> task = search.run(startJd, endJd);
+  task.resume();  // every sample is answered at once: the search runs to its end
+  return task.result();
 }
 
 std::vector<PlannedPass> planPasses(const Satellite& satellite, int slot, const Geodetic& observer,

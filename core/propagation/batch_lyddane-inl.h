@@ -200,11 +200,40 @@ HWY_INLINE void PropagateTimes(const double* values, const double* tsince, std::
   }
 }
 
+// Copies field f of the row at laneRows[i] to values[f * lanes + i] for the
+// first kFields fields. With four lanes the rows are read four fields at a
+// time and transposed in registers (rows are padded to whole cache lines, so
+// the last block stays inside its row).
+template <std::size_t kFields>
+HWY_INLINE void FillLanes(Tag d, const double* const* laneRows, double* values) {
+#if HWY_TARGET == HWY_AVX2
+  for (std::size_t f = 0; f < kFields; f += 4) {
+    const Vd r0 = hn::LoadU(d, laneRows[0] + f);
+    const Vd r1 = hn::LoadU(d, laneRows[1] + f);
+    const Vd r2 = hn::LoadU(d, laneRows[2] + f);
+    const Vd r3 = hn::LoadU(d, laneRows[3] + f);
+    const Vd low01 = hn::InterleaveLower(d, r0, r1);
+    const Vd high01 = hn::InterleaveUpper(d, r0, r1);
+    const Vd low23 = hn::InterleaveLower(d, r2, r3);
+    const Vd high23 = hn::InterleaveUpper(d, r2, r3);
+    hn::Store(hn::ConcatLowerLower(d, low23, low01), d, values + f * 4);
+    hn::Store(hn::ConcatLowerLower(d, high23, high01), d, values + (f + 1) * 4);
+    hn::Store(hn::ConcatUpperUpper(d, low23, low01), d, values + (f + 2) * 4);
+    hn::Store(hn::ConcatUpperUpper(d, high23, high01), d, values + (f + 3) * 4);
+  }
+#else
+  const std::size_t lanes = hn::Lanes(d);
+  for (std::size_t i = 0; i < lanes; ++i) {
+    for (std::size_t f = 0; f < kFields; ++f) values[f * lanes + i] = laneRows[i][f];
+  }
+#endif
+}
+
 // Runs a model's lane kernel for count requests: satellite rows[j] of the
 // row-major values (kRowStride<Field> doubles a row) at UTC Julian date
 // jds[j], its state stored at row targets[j] of out. Each vector's values
-// are copied row by row into a lane-major buffer (on processors without fast
-// gathers this beats a gather per field). A last short vector repeats its
+// are copied from its rows into a lane-major buffer (on processors without
+// fast gathers this beats a gather per field). A last short vector repeats its
 // final request in the spare lanes and stores only the real ones.
 template <class Field, class Kernel>
 HWY_INLINE void PropagateGathered(const double* rowMajor, const std::uint32_t* rows, const double* jds,
@@ -215,7 +244,8 @@ HWY_INLINE void PropagateGathered(const double* rowMajor, const std::uint32_t* r
   constexpr std::size_t kMaxLanes = HWY_MAX_BYTES / sizeof(double);
   const Tag d;
   const std::size_t lanes = hn::Lanes(d);
-  HWY_ALIGN double values[kFields * kMaxLanes];
+  HWY_ALIGN double values[kStride * kMaxLanes];
+  const double* laneRows[kMaxLanes];
   HWY_ALIGN double laneJds[kMaxLanes];
   HWY_ALIGN double states[6][kMaxLanes];
   double* const lanesOut[6] = {states[0], states[1], states[2], states[3], states[4], states[5]};
@@ -233,10 +263,10 @@ HWY_INLINE void PropagateGathered(const double* rowMajor, const std::uint32_t* r
     }
     for (std::size_t i = 0; i < lanes; ++i) {
       const std::size_t r = j + (i < n ? i : n - 1);
-      const double* row = rowMajor + static_cast<std::size_t>(rows[r]) * kStride;
-      for (std::size_t f = 0; f < kFields; ++f) values[f * lanes + i] = row[f];
+      laneRows[i] = rowMajor + static_cast<std::size_t>(rows[r]) * kStride;
       laneJds[i] = jds[r];
     }
+    FillLanes<kFields>(d, laneRows, values);
     const Vd t = (hn::Load(d, laneJds) - source(d, Field::EpochJd)) * minutesPerDay;
     StoreState(d, kernel(d, source, t), lanesOut, 0);
     for (std::size_t i = 0; i < n; ++i) {

@@ -1,39 +1,30 @@
 #include "core/propagation/batch_propagator.h"
 
 #include <cmath>
+#include <cstdint>
 #include <limits>
 
-#include "core/propagation/propagate.h"
-
 namespace norvane {
-namespace {
-
-// Whether the scalar model gives a usable state at the element epoch: a mean
-// motion of zero or less, or elements the model cannot follow, give none.
-bool hasOrbit(const Satellite& satellite) {
-  if (!(satellite.xno > 0.0)) return false;
+BatchPropagator::Model BatchPropagator::modelOf(const Satellite& satellite) {
+  if (!(satellite.xno > 0.0)) return Model::None;
   Propagator propagator(satellite);
   const OrbitState s = propagator.stateSince(0.0);
   double sum = 0.0;
   for (std::size_t i = 0; i < 3; ++i) sum += s.positionKm[i] + s.velocityKmS[i];
-  return std::isfinite(sum);
+  if (!std::isfinite(sum)) return Model::None;
+  return propagator.isDeepSpace() ? Model::DeepSpace : Model::NearEarth;
 }
-
-}  // namespace
 
 BatchPropagator::BatchPropagator(std::span<const Satellite> satellites) {
   places_.resize(satellites.size());
   std::vector<Satellite> nearEarth;
   std::vector<Satellite> deepSpace;
   for (std::size_t i = 0; i < satellites.size(); ++i) {
-    const Satellite& s = satellites[i];
-    if (!hasOrbit(s)) continue;
-    WorkingSet work;
-    initialiseWorkingSet(work, s);
-    std::vector<Satellite>& batch = work.isDeepSpace != 0 ? deepSpace : nearEarth;
-    places_[i] = {work.isDeepSpace != 0 ? Model::DeepSpace : Model::NearEarth,
-                  static_cast<std::uint32_t>(batch.size())};
-    batch.push_back(s);
+    const Model model = modelOf(satellites[i]);
+    if (model == Model::None) continue;
+    std::vector<Satellite>& batch = model == Model::DeepSpace ? deepSpace : nearEarth;
+    places_[i] = {model, static_cast<std::uint32_t>(batch.size())};
+    batch.push_back(satellites[i]);
   }
   nearEarth_ = BatchSgp4(nearEarth);
   deepSpace_ = BatchSdp4(deepSpace);

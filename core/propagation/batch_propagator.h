@@ -37,6 +37,11 @@ class BatchPropagator {
     std::uint32_t row = 0;
   };
 
+  // The model the scalar front end runs for a satellite, or None when it
+  // gives no usable state at the element epoch (a mean motion of zero or
+  // less, or elements the model cannot follow).
+  static Model modelOf(const Satellite& satellite);
+
   std::vector<Place> places_;
   BatchSgp4 nearEarth_;
   BatchSdp4 deepSpace_;

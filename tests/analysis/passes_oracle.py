@@ -8,20 +8,14 @@ a few seconds. A magnitude limit of 101 records every row, also those of
 satellites missing from the size table (magnitude 100). Exit 77
 (skipped) when PyEphem is missing.
 """
-import json
 import os
-import subprocess
 import sys
 
-try:
-    import ephem
-except ImportError:
-    sys.exit(77)
+from ephem_oracle import cli_records, entry, ephem_passes
 
 CLI, DATA = sys.argv[1], sys.argv[2]
 MINUTE = 1.0 / 1440.0
 SLACK = 20.0 / 86400.0  # model differences
-DUBLIN_OFFSET = 2415020.0  # ephem dates count days from JD 2415020
 
 CASES = [
     # file, slot, start, hours, latitude, longitude, altitude (km)
@@ -31,18 +25,9 @@ CASES = [
 ]
 
 
-def entry(path, slot):
-    with open(path, encoding="latin-1") as f:
-        lines = f.read().splitlines()
-    return lines[3 * slot : 3 * slot + 3]
-
-
 def norvane_passes(path, slot, start, hours, lat, lon, alt):
-    out = subprocess.run(
-        [CLI, "--json", "passes", "--tle", path, "--start", start, "--hours", str(hours), "--lat", str(lat),
-         "--lon", str(lon), "--alt", str(alt), "--select", str(slot), "--min-mag", "101"],
-        check=True, capture_output=True, text=True).stdout
-    records = [json.loads(line) for line in out.splitlines()]
+    records = cli_records(CLI, "passes", "--tle", path, "--start", start, "--hours", str(hours), "--lat", str(lat),
+                          "--lon", str(lon), "--alt", str(alt), "--select", str(slot), "--min-mag", "101")
     rows = [r["time"] for r in records if "slot" in r]
     passes = []
     for t in rows:
@@ -51,23 +36,6 @@ def norvane_passes(path, slot, start, hours, lat, lon, alt):
         else:
             passes.append([t, t])
     return passes, records[-1]["passes"]
-
-
-def ephem_passes(lines, start_jd, end_jd, lat, lon, alt):
-    sat = ephem.readtle(*lines)
-    obs = ephem.Observer()
-    obs.lat, obs.lon, obs.elevation = str(lat), str(lon), alt * 1000.0
-    obs.pressure = 0
-    obs.horizon = "0"
-    obs.date = ephem.Date(start_jd - DUBLIN_OFFSET)
-    found = []
-    while True:
-        rise, _, _, _, setting, _ = obs.next_pass(sat)
-        rise_jd, set_jd = float(rise) + DUBLIN_OFFSET, float(setting) + DUBLIN_OFFSET
-        if rise_jd > end_jd:
-            return found
-        found.append((rise_jd, set_jd))
-        obs.date = ephem.Date(setting + ephem.minute)
 
 
 def main():
@@ -82,7 +50,7 @@ def main():
             continue
         reference = ephem_passes(entry(path, slot), passes[0][0] - 0.1, passes[-1][1], lat, lon, alt)
         # Passes wholly inside the searched span, matched by overlap.
-        for rise, setting in reference:
+        for rise, _, setting, _ in reference:
             if rise < passes[0][0] - 2 * MINUTE or setting > passes[-1][1] + 2 * MINUTE:
                 continue
             mine = [p for p in passes if p[0] < setting and p[1] > rise]

@@ -1,8 +1,6 @@
 #pragma once
 // Helpers that tests of several folders share: message sinks, a scratch
-// folder, whole-file reads and a loopback port nobody listens on.
-#include <netinet/in.h>
-#include <sys/socket.h>
+// folder, whole-file reads and (loopback.h) ports on 127.0.0.1.
 #include <unistd.h>
 
 #include <cstdlib>
@@ -14,6 +12,7 @@
 #include <vector>
 
 #include "core/platform/message_sink.h"
+#include "tests/common/loopback.h"
 
 namespace norvane::testing {
 
@@ -35,6 +34,11 @@ class RecordingSink : public MessageSink {
   std::vector<std::string> texts() const {
     std::vector<std::string> out;
     for (const Shown& s : shown) out.push_back(s.text);
+    return out;
+  }
+  std::vector<std::string> titles() const {
+    std::vector<std::string> out;
+    for (const Shown& s : shown) out.push_back(s.title);
     return out;
   }
   std::vector<Shown> shown;
@@ -73,18 +77,5 @@ class TempFolder {
   }
   std::string path;
 };
-
-// A port on 127.0.0.1 where nothing listens right now; 0 if none was found.
-inline int FreeLoopbackPort() {
-  const int fd = ::socket(AF_INET, SOCK_STREAM, 0);
-  sockaddr_in address{};
-  address.sin_family = AF_INET;
-  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-  socklen_t size = sizeof address;
-  const bool bound = ::bind(fd, reinterpret_cast<sockaddr*>(&address), size) == 0 &&
-                     ::getsockname(fd, reinterpret_cast<sockaddr*>(&address), &size) == 0;
-  ::close(fd);
-  return bound ? ntohs(address.sin_port) : 0;
-}
 
 }  // namespace norvane::testing

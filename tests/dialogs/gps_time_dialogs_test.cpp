@@ -153,18 +153,17 @@ TEST_F(TimeDialogTest, OpensOnTheLocalClockAndCalculates) {
 TEST_F(TimeDialogTest, OkSetsModeAndTimeCancelDoesNot) {
   TimeWorld w;
   w.app.currentTime = JulianDateOfDate(2017, 4, 14, 12, 0, 0);
-  {
+  // "x10" at 06:30, closed with the button given.
+  const auto x10At0630 = [&w](QDialogButtonBox::StandardButton button) {
     TimeDialog dialog(w.app, w.context());
     control<QRadioButton>(dialog, "radio1036")->setChecked(true);
     control<QTimeEdit>(dialog, "time1020")->setTime(QTime(6, 30, 0));
-    press(dialog, QDialogButtonBox::Cancel);
-  }
+    press(dialog, button);
+  };
+  x10At0630(QDialogButtonBox::Cancel);
   EXPECT_EQ(w.app.simulationMode, SimulationMode::RealTime);
   EXPECT_EQ(w.app.currentTime, JulianDateOfDate(2017, 4, 14, 12, 0, 0));
-  TimeDialog dialog(w.app, w.context());
-  control<QRadioButton>(dialog, "radio1036")->setChecked(true);
-  control<QTimeEdit>(dialog, "time1020")->setTime(QTime(6, 30, 0));
-  press(dialog, QDialogButtonBox::Ok);
+  x10At0630(QDialogButtonBox::Ok);
   EXPECT_EQ(w.app.simulationMode, SimulationMode::X10);
   EXPECT_EQ(w.app.currentTime, JulianDateOfDate(2017, 4, 14, 6, 30, 0));
   EXPECT_EQ(w.app.pausedTime, w.app.currentTime);

@@ -10,6 +10,8 @@
 #include <string>
 #include <thread>
 
+#include "tests/common/wait_for.h"
+
 namespace norvane::test {
 
 // The receiver's end of a serial line: a pseudo-terminal master whose slave
@@ -81,15 +83,6 @@ class Receiver {
   std::thread thread_;
 };
 
-// Polls condition every 10 ms until it holds or timeout passes.
-template <typename Condition>
-bool WaitFor(Condition condition, std::chrono::milliseconds timeout = std::chrono::seconds(8)) {
-  const auto deadline = std::chrono::steady_clock::now() + timeout;
-  while (std::chrono::steady_clock::now() < deadline) {
-    if (condition()) return true;
-    std::this_thread::sleep_for(std::chrono::milliseconds(10));
-  }
-  return condition();
-}
+using testing::WaitFor;
 
 }  // namespace norvane::test

@@ -1,25 +1,15 @@
 #pragma once
-#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "core/elements/element_file.h"
-#include "core/platform/message_sink.h"
 #include "settings/memory_settings_store.h"
+#include "tests/common/test_support.h"
 #include "ui/app/main_state.h"
 #include "ui/app/window_commands.h"
 
 namespace norvane::testing {
-
-class RecordingSink : public MessageSink {
- public:
-  void show(const std::string& text, const std::string& title, MessageIcon) override {
-    texts.push_back(text);
-    titles.push_back(title);
-  }
-  std::vector<std::string> texts, titles;
-};
 
 // A host that records what the commands asked of the window.
 class FakeHost : public CommandHost {
@@ -32,17 +22,6 @@ class FakeHost : public CommandHost {
   std::vector<int> dialogs;
   std::vector<std::string> documents;
   int closes = 0;
-};
-
-// A fresh folder under the system's temporary folder, removed at the end.
-struct TempFolder {
-  explicit TempFolder(const std::string& name)
-      : path(std::filesystem::temp_directory_path() / ("norvane_gui_" + name)) {
-    std::filesystem::remove_all(path);
-    std::filesystem::create_directories(path);
-  }
-  ~TempFolder() { std::filesystem::remove_all(path); }
-  std::filesystem::path path;
 };
 
 inline std::string BundledElements() { return std::string(NORVANE_DATA_DIR) + "/visual_2017-04-14.txt"; }

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusVirtualObject>
@@ -10,8 +9,7 @@
 #include <QTest>
 #include <memory>
 
-#include "tests/gui/gui_fixtures.h"
-#include "ui/app/main_window.h"
+#include "tests/gui/window_fixture.h"
 #include "ui/app/start_up.h"
 
 namespace norvane {
@@ -54,26 +52,10 @@ class Notifications : public QDBusVirtualObject {
   std::vector<QVariantList> calls;
 };
 
-struct AlarmWorld {
-  AlarmWorld() : home("alarm") {
-    static int argc = 1;
-    static char name[] = "pass_alarm_test";
-    static char* argv[] = {name, nullptr};
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    if (QApplication::instance() == nullptr) new QApplication(argc, argv);
-    address = PrivateBus::address;
-    SeedProgramFolder(home.path.string(), NORVANE_DATA_DIR);
-    WindowConfig config;
-    config.programFolder = home.path.string();
-    config.store = &store;
-    config.messages = &sink;
-    config.startGps = false;
-    config.options.tle = testing::BundledElements();
-    config.options.time = CalendarTime{2017, 4, 14, 19, 0, 0};
-    config.options.clock = SimulationMode::X60;
-    window = std::make_unique<MainWindow>(config);
+struct AlarmWorld : testing::WindowHome {
+  AlarmWorld() : address(PrivateBus::address) {
+    window = std::make_unique<MainWindow>(config(testing::BundledAt({2017, 4, 14, 19, 0, 0}, SimulationMode::X60)));
   }
-  MainState& state() { return window->state(); }
 
   // Takes the first pass rising at least a quarter of an hour from now and
   // sets an alarm five minutes before it, for its satellite alone.
@@ -103,11 +85,7 @@ struct AlarmWorld {
     for (int i = 0; i < 200 && state().app.currentTime + kMinute < moment; ++i) window->tick();
   }
 
-  testing::TempFolder home;
-  MemorySettingsStore store;
-  testing::RecordingSink sink;
   QString address;
-  std::unique_ptr<MainWindow> window;
 };
 
 TEST(PassAlarm, NotifiesThroughTheSessionBusAtTheSimulatedMoment) {

@@ -1,11 +1,9 @@
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QComboBox>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QDir>
-#include <QFile>
 #include <QFileDialog>
 #include <QListView>
 #include <QTest>
@@ -13,14 +11,11 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QTcpServer>
-#include <QTcpSocket>
 #include <QTimer>
 #include <QTimeEdit>
 #include <QProgressBar>
 #include <QHeaderView>
 #include <QTreeWidget>
-#include <clocale>
 #include <cmath>
 #include <fstream>
 #include <functional>
@@ -28,28 +23,15 @@
 
 #include "core/astro/julian_date.h"
 #include "tests/download/fixture_server.h"
-#include "tests/gui/gui_fixtures.h"
-#include "ui/app/main_window.h"
+#include "tests/gui/window_fixture.h"
 
 namespace norvane {
 namespace {
 
-using testing::RecordingSink;
 using testing::TempFolder;
 
 constexpr int kIssSlot = 106;  // in the bundled file
 constexpr double kDegree = 0.017453292519943295;
-
-QApplication& App() {
-  static int argc = 1;
-  static char name[] = "window_dialogs_test";
-  static char* argv[] = {name, nullptr};
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  // Kept to the end of the process: destroying it among the other statics crashes.
-  static QApplication* app = new QApplication(argc, argv);
-  std::setlocale(LC_NUMERIC, "C");
-  return *app;
-}
 
 // A system clock that is never really set.
 class FakeSystemClock : public SystemClock {
@@ -61,60 +43,19 @@ class FakeSystemClock : public SystemClock {
   int sets = 0;
 };
 
-// Answers every GET with the same body, on 127.0.0.1, in this thread's event loop
-// (the download waits in a nested one).
-class LocalElementServer {
- public:
-  explicit LocalElementServer(QByteArray body) : body_(std::move(body)) {
-    QObject::connect(&server_, &QTcpServer::newConnection, [this] {
-      while (QTcpSocket* socket = server_.nextPendingConnection()) serve(socket);
-    });
-    server_.listen(QHostAddress::LocalHost);
-  }
-  std::string base() const { return "http://127.0.0.1:" + std::to_string(server_.serverPort()); }
-  std::vector<QByteArray> paths;
-
- private:
-  void serve(QTcpSocket* socket) {
-    auto request = std::make_shared<QByteArray>();
-    QObject::connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
-    QObject::connect(socket, &QTcpSocket::readyRead, socket, [this, socket, request] {
-      *request += socket->readAll();
-      if (!request->contains("\r\n\r\n")) return;
-      paths.push_back(request->split(' ').value(1));
-      socket->write("HTTP/1.1 200 OK\r\nConnection: close\r\nContent-Length: " + QByteArray::number(body_.size()) +
-                    "\r\n\r\n" + body_);
-      socket->disconnectFromHost();
-    });
-  }
-  QTcpServer server_;
-  QByteArray body_;
-};
-
 // A window on the bundled elements at 2017-04-14 12:00 UTC, paused, over an
 // in-memory store, recording its messages, without GPS; dialogs run for real.
-struct Window {
-  explicit Window(const std::string& name, std::string server = "http://127.0.0.1:9")
-      : home(name), documents(name + "_documents") {
-    App();
-    SeedProgramFolder(home.path.string(), NORVANE_DATA_DIR);
-    WindowConfig config;
-    config.programFolder = home.path.string();
-    config.store = &store;
-    config.messages = &sink;
-    config.options.tle = testing::BundledElements();
-    config.options.time = CalendarTime{2017, 4, 14, 12, 0, 0};
-    config.options.clock = SimulationMode::Pause;
-    config.startGps = false;
-    config.systemClock = &clock;
-    config.serverBase = std::move(server);
-    config.documentsFolder = documents.path.string();
-    window = std::make_unique<MainWindow>(config);
+struct Window : testing::WindowHome {
+  explicit Window(std::string server = "http://127.0.0.1:9") {
+    WindowConfig c = config(testing::BundledAt({2017, 4, 14, 12, 0, 0}, SimulationMode::Pause));
+    c.systemClock = &clock;
+    c.serverBase = std::move(server);
+    c.documentsFolder = documents.path;
+    window = std::make_unique<MainWindow>(c);
     window->show();
-    sink.texts.clear();
-    sink.titles.clear();
+    sink.shown.clear();
   }
-  MainState& state() { return window->state(); }
+  ~Window() override { window.reset(); }
 
   // Runs a command and hands its dialog to act once it shows; a dialog that
   // act leaves open is cancelled. False when no dialog showed within 2 s.
@@ -139,11 +80,8 @@ struct Window {
     return seen;
   }
 
-  TempFolder home, documents;
-  MemorySettingsStore store;
-  RecordingSink sink;
+  TempFolder documents;
   FakeSystemClock clock;
-  std::unique_ptr<MainWindow> window;
 };
 
 template <typename W>
@@ -163,7 +101,7 @@ void Cancel(QDialog& dialog) { Press(dialog, QDialogButtonBox::Cancel); }
 // Every dialog command opens its dialog and comes back to the information page
 // on the standard screen, from a graphic view too.
 TEST(WindowDialogs, EachCommandOpensItsDialogAndReturnsToTheInfoPage) {
-  Window w("each");
+  Window w;
   const std::pair<int, const char*> dialogs[] = {
       {kCmdGetLast, "Download Latest TLE data"}, {kCmdSettings, "Settings"}, {kCmdLocation, "Position"},
       {kCmdSatSelect, "Sat selection"},         {kCmdPredict, "Prediction"}, {kCmdGps, "GPS settings"},
@@ -178,22 +116,22 @@ TEST(WindowDialogs, EachCommandOpensItsDialogAndReturnsToTheInfoPage) {
     EXPECT_FALSE(w.window->fullScreenView()) << title;
     EXPECT_TRUE(w.window->frame().showingInfo()) << title;
   }
-  EXPECT_TRUE(w.sink.texts.empty());
+  EXPECT_TRUE(w.sink.texts().empty());
 }
 
 TEST(WindowDialogs, OpenListsEveryElementFormatInTheLastFolder) {
-  Window w("open");
-  TempFolder files("open_files");
+  Window w;
+  TempFolder files;
   for (const char* name : {"a.tle", "b.txt", "c.csv", "d.json", "e.dat"}) {
-    std::ofstream((files.path / name).string()) << "x\n";
+    std::ofstream(files / name) << "x\n";
   }
-  w.state().settings.lastOpen = (files.path / "b.txt").string();
+  w.state().settings.lastOpen = files / "b.txt";
   int listed = -1;
   ASSERT_TRUE(w.dialog(kCmdOpen, [&](QDialog& d) {
     auto* dialog = qobject_cast<QFileDialog*>(&d);
     ASSERT_NE(dialog, nullptr);
     EXPECT_EQ(dialog->windowTitle(), "Open File");
-    EXPECT_EQ(QDir(dialog->directory()).canonicalPath(), QDir(QString::fromStdString(files.path.string())).canonicalPath());
+    EXPECT_EQ(QDir(dialog->directory()).canonicalPath(), QDir(QString::fromStdString(files.path)).canonicalPath());
     EXPECT_EQ(dialog->findChild<QComboBox*>("fileTypeCombo")->currentText(), "All (*.tle)");
     auto* view = dialog->findChild<QListView*>("listView");
     ASSERT_NE(view, nullptr);
@@ -206,16 +144,16 @@ TEST(WindowDialogs, OpenListsEveryElementFormatInTheLastFolder) {
 }
 
 TEST(WindowDialogs, TleInfoShowsItsBoxWithoutLeavingTheView) {
-  Window w("tleinfo");
+  Window w;
   w.window->runCommand(kCmdMapView);
   EXPECT_FALSE(w.dialog(kCmdTleInfo, [](QDialog&) {}));
-  EXPECT_EQ(w.sink.titles, std::vector<std::string>{"Tle info"});
+  EXPECT_EQ(w.sink.titles(), std::vector<std::string>{"Tle info"});
   EXPECT_EQ(w.state().app.viewMode, ViewMode::Map);
 }
 
 // Cancelling is the dialog's own test; here OK reaches the window's state.
 TEST(WindowDialogs, SettingsOkReachesTheWindowAndIsSaved) {
-  Window w("settings");
+  Window w;
   EXPECT_TRUE(w.dialog(kCmdSettings, [](QDialog& d) {
     Control<QLineEdit>(d, "edit1001")->setText("145.8");
     Control<QCheckBox>(d, "check1026")->setChecked(true);  // "test"
@@ -229,7 +167,7 @@ TEST(WindowDialogs, SettingsOkReachesTheWindowAndIsSaved) {
 }
 
 TEST(WindowDialogs, SatSelectionKeepsTheCurrentSatelliteInStep) {
-  Window w("select");
+  Window w;
   w.state().app.currentSatellite = 3;
   EXPECT_TRUE(w.dialog(kCmdSatSelect, [](QDialog& d) {
     Control<QPushButton>(d, "button1029")->click();  // "Sel./Desel.": none ticked
@@ -255,7 +193,7 @@ TEST(WindowDialogs, SatSelectionKeepsTheCurrentSatelliteInStep) {
 }
 
 TEST(WindowDialogs, PositionOkMovesTheObserverAndCancelDoesNot) {
-  Window w("position");
+  Window w;
   const Geodetic before = w.state().app.observer;
   EXPECT_TRUE(w.dialog(kCmdLocation, [](QDialog& d) {
     Control<QLineEdit>(d, "edit1041")->setText("-33.5");
@@ -275,7 +213,7 @@ TEST(WindowDialogs, PositionOkMovesTheObserverAndCancelDoesNot) {
 }
 
 TEST(WindowDialogs, PredictionRowsSurviveAndOkPausesTheClockOnARow) {
-  Window w("predict");
+  Window w;
   w.state().catalogue.selected = {};
   w.state().catalogue.selected[kIssSlot] = 1;
   w.state().app.utcOffset = 1.0 / 24.0;
@@ -298,8 +236,8 @@ TEST(WindowDialogs, PredictionRowsSurviveAndOkPausesTheClockOnARow) {
     Cancel(d);
   }));
   ASSERT_GT(w.state().predictions.rows.size(), 1u);
-  EXPECT_EQ(w.sink.titles, std::vector<std::string>{"Search result"});
-  EXPECT_EQ(w.sink.texts[0].rfind("Number of passes ", 0), 0u);
+  EXPECT_EQ(w.sink.titles(), std::vector<std::string>{"Search result"});
+  EXPECT_EQ(w.sink.texts()[0].rfind("Number of passes ", 0), 0u);
   const std::size_t rows = w.state().predictions.rows.size();
   w.state().app.simulationMode = SimulationMode::X10;
   int listed = 0;
@@ -318,7 +256,7 @@ TEST(WindowDialogs, PredictionRowsSurviveAndOkPausesTheClockOnARow) {
 }
 
 TEST(WindowDialogs, GpsSettingsKeepTrackingInStepAndSaveOnOk) {
-  Window w("gps");
+  Window w;
   EXPECT_EQ(w.state().app.gpsTracking, 0);
   EXPECT_TRUE(w.dialog(kCmdGps, [](QDialog& d) {
     Control<QComboBox>(d, "combo1054")->setCurrentIndex(0);  // "NONE"
@@ -341,7 +279,7 @@ TEST(WindowDialogs, GpsSettingsKeepTrackingInStepAndSaveOnOk) {
 }
 
 TEST(WindowDialogs, TimeOkSetsTheModeAndSetGpsTimeAsksForTracking) {
-  Window w("time");
+  Window w;
   const double start = w.state().app.currentTime;
   EXPECT_TRUE(w.dialog(kCmdTime, [](QDialog& d) {
     Control<QRadioButton>(d, "radio1038")->click();  // "x60 sym time"
@@ -349,7 +287,7 @@ TEST(WindowDialogs, TimeOkSetsTheModeAndSetGpsTimeAsksForTracking) {
     Cancel(d);
   }));
   EXPECT_EQ(w.state().app.simulationMode, SimulationMode::Pause);
-  EXPECT_EQ(w.sink.texts, std::vector<std::string>{"Turn GPS tracking on!"});
+  EXPECT_EQ(w.sink.texts(), std::vector<std::string>{"Turn GPS tracking on!"});
   EXPECT_EQ(w.clock.sets, 0);
   EXPECT_TRUE(w.dialog(kCmdTime, [](QDialog& d) {
     Control<QRadioButton>(d, "radio1038")->click();
@@ -362,36 +300,34 @@ TEST(WindowDialogs, TimeOkSetsTheModeAndSetGpsTimeAsksForTracking) {
 }
 
 TEST(WindowDialogs, GetLastDownloadsFromTheServerIntoTheDocumentsFolder) {
-  App();
-  QFile bundled(QString::fromStdString(testing::BundledElements()));
-  ASSERT_TRUE(bundled.open(QIODevice::ReadOnly));
-  LocalElementServer server(bundled.readAll());
-  Window w("download", server.base());
+  testing::ElementServer server;  // tests/download/element_server.py
+  server.start();
+  ASSERT_NE(server.port(), 0);
+  Window w(server.base("ok"));
+  const std::filesystem::path copy = w.documents / "stations.txt";
   EXPECT_TRUE(w.dialog(kCmdGetLast, [](QDialog& d) { Cancel(d); }));
-  EXPECT_TRUE(server.paths.empty());
+  EXPECT_FALSE(std::filesystem::exists(copy));
+  EXPECT_TRUE(w.sink.texts().empty());
   w.state().app.iridiumFile = 1;
   EXPECT_TRUE(w.dialog(kCmdGetLast, [](QDialog& d) {
     EXPECT_EQ(Control<QComboBox>(d, "combo1059")->currentText(), "International Space Station");
     Control<QPushButton>(d, "button1058")->click();  // "Download" closes the dialog
   }));
-  EXPECT_EQ(server.paths, std::vector<QByteArray>{"/NORAD/elements/stations.txt"});
-  const std::string copy = (w.documents.path / "stations.txt").string();
-  ASSERT_EQ(w.sink.texts.size(), 1u);
-  EXPECT_EQ(w.sink.texts[0],
-            "Data of 144 satellites successfully read from " + server.base() + "/NORAD/elements/stations.txt.");
+  ASSERT_EQ(w.sink.texts().size(), 1u);
+  EXPECT_EQ(w.sink.texts()[0],
+            "Data of 144 satellites successfully read from " + server.base("ok") + "/NORAD/elements/stations.txt.");
   EXPECT_EQ(w.state().catalogue.satelliteCount, 144);
-  EXPECT_EQ(w.state().settings.lastOpen, copy);
-  EXPECT_EQ(std::filesystem::file_size(copy), static_cast<std::uintmax_t>(bundled.size()));
+  EXPECT_EQ(w.state().settings.lastOpen, copy.string());
+  EXPECT_EQ(std::filesystem::file_size(copy), std::filesystem::file_size(testing::BundledElements()));
   EXPECT_EQ(w.state().app.iridiumFile, 0);
   EXPECT_EQ(w.state().app.viewMode, ViewMode::Info);
 }
 
 TEST(WindowDialogs, CtrlQDuringADownloadAbandonsIt) {
-  App();
   testing::ElementServer server;  // tests/download/element_server.py: its trickling file takes 2.5 s
   server.start();
   ASSERT_NE(server.port(), 0);
-  Window w("quit_download", server.base("trickle"));
+  Window w(server.base("trickle"));
   const int before = w.state().catalogue.satelliteCount;
   QTimer quit;
   quit.setSingleShot(true);
@@ -401,8 +337,8 @@ TEST(WindowDialogs, CtrlQDuringADownloadAbandonsIt) {
     Control<QPushButton>(d, "button1058")->click();
   }));
   EXPECT_FALSE(w.window->isVisible());
-  EXPECT_FALSE(std::filesystem::exists(w.documents.path / "stations.txt"));
-  EXPECT_TRUE(w.sink.texts.empty());
+  EXPECT_FALSE(std::filesystem::exists(w.documents / "stations.txt"));
+  EXPECT_TRUE(w.sink.texts().empty());
   EXPECT_EQ(w.state().catalogue.satelliteCount, before);
 }
 

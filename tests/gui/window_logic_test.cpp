@@ -151,10 +151,10 @@ TEST(Stylus, ZoomedPointsAndCornerTaps) {
 
 TEST(StartUp, WholeHourOffsetSettingsAndSelection) {
   EXPECT_NEAR(UtcOffsetOf({2017, 4, 14, 17, 30, 0}, {2017, 4, 14, 12, 0, 0}), 5.0 / 24.0, 1e-9);
-  TempFolder home("startup");
-  std::ofstream(home.path / "Select.bol", std::ios::binary).write(std::string(720, '\0').data(), 720);
+  TempFolder home;
+  std::ofstream(home / "Select.bol", std::ios::binary).write(std::string(720, '\0').data(), 720);
   MemorySettingsStore store;
-  const std::string path = home.path / "Iridium.txt";
+  const std::string path = home / "Iridium.txt";
   std::filesystem::copy_file(testing::BundledElements(), path);
   Settings saved;
   saved.lastOpen = path;
@@ -162,7 +162,7 @@ TEST(StartUp, WholeHourOffsetSettingsAndSelection) {
   saveLastFileGroup(saved, store);
   saveSettingsGroup(saved, store);
   auto s = std::make_unique<MainState>();
-  s->programFolder = home.path.string();
+  s->programFolder = home.path;
   RecordingSink sink;
   CreateMainState(*s, store, sink, kNoon, kNoon);
   EXPECT_EQ(s->app.viewMode, ViewMode::LeaveFullScreen);
@@ -187,7 +187,7 @@ TEST(Commands, ViewsDialogsHelpAndClose) {
   EXPECT_EQ(s->app.viewMode, ViewMode::Info);
   EXPECT_EQ(host.dialogs, std::vector<int>{kCmdPredict});
   RunCommand(*s, kCmdHelp, host, store, sink);
-  EXPECT_EQ(sink.texts, std::vector<std::string>{"Incorrect Norvane pragram path!"});
+  EXPECT_EQ(sink.texts(), std::vector<std::string>{"Incorrect Norvane pragram path!"});
   s->programFolder = "/opt/nv";
   RunCommand(*s, kCmdHelp, host, store, sink);
   EXPECT_EQ(host.documents, std::vector<std::string>{"/opt/nv/Help.htm"});
@@ -202,27 +202,27 @@ TEST(Commands, ViewsDialogsHelpAndClose) {
 }
 
 TEST(Commands, OpenAndExit) {
-  TempFolder home("open");
+  TempFolder home;
   auto s = Fresh();
-  s->programFolder = home.path.string();
+  s->programFolder = home.path;
   FakeHost host;
   MemorySettingsStore store;
   RecordingSink sink;
   s->app.currentSatellite = 3;
   RunCommand(*s, kCmdOpen, host, store, sink);  // cancelled
   EXPECT_EQ(s->app.currentSatellite, 0);
-  EXPECT_TRUE(sink.texts.empty());
-  const std::string gps = home.path / "gps-ops.txt";
+  EXPECT_TRUE(sink.texts().empty());
+  const std::string gps = home / "gps-ops.txt";
   std::filesystem::copy_file(testing::BundledElements(), gps);
   host.chosen = gps;
   RunCommand(*s, kCmdOpen, host, store, sink);
-  ASSERT_EQ(sink.texts.size(), 1u);
-  EXPECT_EQ(sink.titles[0], "Info");
+  ASSERT_EQ(sink.texts().size(), 1u);
+  EXPECT_EQ(sink.titles()[0], "Info");
   EXPECT_EQ(s->settings.downlink, 1227.6);
   EXPECT_EQ(s->settings.uplink, 1575.42);
   EXPECT_EQ(s->settings.lastOpen, gps);
   RunCommand(*s, kCmdExit, host, store, sink);
-  EXPECT_EQ(std::filesystem::file_size(home.path / "Select.bol"), 720u);
+  EXPECT_EQ(std::filesystem::file_size(home / "Select.bol"), 720u);
   EXPECT_EQ(host.closes, 1);
 }
 

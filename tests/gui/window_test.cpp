@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
-#include <QApplication>
 #include <QMenuBar>
 #include <QTest>
 #include <QPixmap>
@@ -10,59 +9,30 @@
 #include <QUrl>
 #include <memory>
 
-#include "tests/gui/gui_fixtures.h"
-#include "ui/app/main_window.h"
+#include "tests/gui/window_fixture.h"
 
 namespace norvane {
 namespace {
 
-using testing::RecordingSink;
-using testing::TempFolder;
-
-QApplication& App() {
-  static int argc = 1;
-  static char name[] = "window_test";
-  static char* argv[] = {name, nullptr};
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  // Kept to the end of the process: destroying it among the other statics crashes.
-  static QApplication* app = new QApplication(argc, argv);
-  return *app;
-}
-
-// A window over an in-memory settings store, recording its messages, without GPS.
-struct Window {
-  explicit Window(const std::string& name, int zoom = 2, ProgramOptions options = {}) : home(name) {
-    App();
-    SeedProgramFolder(home.path.string(), NORVANE_DATA_DIR);
-    WindowConfig config;
-    config.programFolder = home.path.string();
-    config.store = &store;
-    config.messages = &sink;
-    config.zoom = zoom;
-    config.options = std::move(options);
-    config.startGps = false;
-    config.zoomChanged = [this](int z) { zooms.push_back(z); };
-    window = std::make_unique<MainWindow>(config);
-    window->dialogRunner = [this](Command c) { dialogs.push_back(c); };
+// A window recording the dialogs it would run and the zooms it reports.
+struct Window : testing::WindowHome {
+  explicit Window(int zoom = 2, ProgramOptions options = {}) {
+    WindowConfig c = config(std::move(options));
+    c.zoom = zoom;
+    c.zoomChanged = [this](int z) { zooms.push_back(z); };
+    window = std::make_unique<MainWindow>(c);
+    window->dialogRunner = [this](Command command) { dialogs.push_back(command); };
     window->show();
   }
-  TempFolder home;
-  MemorySettingsStore store;
-  RecordingSink sink;
+  ~Window() override { window.reset(); }
   std::vector<int> dialogs;
   std::vector<int> zooms;
-  std::unique_ptr<MainWindow> window;
 };
 
-ProgramOptions Bundled() {
-  ProgramOptions o;
-  o.tle = testing::BundledElements();
-  o.time = CalendarTime{2017, 4, 14, 20, 0, 0};
-  return o;
-}
+ProgramOptions Bundled() { return testing::BundledAt({2017, 4, 14, 20, 0, 0}); }
 
 TEST(Window, MenusButtonsAndTitle) {
-  Window w("menus");
+  Window w;
   EXPECT_EQ(w.window->windowTitle(), "Norvane");
   QStringList menus;
   for (QAction* a : w.window->menuBar()->actions()) menus << a->text();
@@ -77,8 +47,8 @@ TEST(Window, MenusButtonsAndTitle) {
 }
 
 TEST(Window, FirstTickShowsTheInfoPageAndButtonsEnterFullScreen) {
-  Window w("views", 2, Bundled());
-  EXPECT_EQ(w.sink.titles, std::vector<std::string>{"Info"});  // the --tle load
+  Window w(2, Bundled());
+  EXPECT_EQ(w.sink.titles(), std::vector<std::string>{"Info"});  // the --tle load
   w.window->tick({2017, 4, 14, 20, 0, 0});
   EXPECT_EQ(w.window->state().app.viewMode, ViewMode::Info);
   EXPECT_TRUE(w.window->frame().showingInfo());
@@ -100,7 +70,7 @@ TEST(Window, FirstTickShowsTheInfoPageAndButtonsEnterFullScreen) {
   auto* help = w.window->findChild<QTextBrowser*>("help");
   ASSERT_NE(help, nullptr);
   EXPECT_TRUE(help->isVisible());
-  EXPECT_EQ(help->source(), QUrl::fromLocalFile(QString::fromStdString((w.home.path / "Help.htm").string())));
+  EXPECT_EQ(help->source(), QUrl::fromLocalFile(QString::fromStdString(w.home / "Help.htm")));
   EXPECT_TRUE(help->toPlainText().contains("Getting started"));
   const QVariant picture = help->document()->resource(QTextDocument::ImageResource, QUrl("map.png"));
   EXPECT_EQ(picture.value<QPixmap>().width(), 240);  // the page laid out with its picture
@@ -110,7 +80,7 @@ TEST(Window, ZoomFitsTheScreenAndTheViewMenuChangesIt) {
   EXPECT_EQ(FittingZoom(4, 1920, 1040, 20, 110), 2);  // 4 is taller than a 1080-pixel screen
   EXPECT_EQ(FittingZoom(4, 3840, 2100, 20, 110), 4);
   EXPECT_EQ(FittingZoom(3, 200, 200, 20, 110), 1);
-  Window w("zoom", 4);
+  Window w(4);
   w.window->setZoom(4);
   const QRect room = w.window->screen()->availableGeometry();
   EXPECT_LT(w.window->frame().zoom(), 4);
@@ -123,7 +93,7 @@ TEST(Window, ZoomFitsTheScreenAndTheViewMenuChangesIt) {
 }
 
 TEST(Window, TapsThroughTheZoomAndKeys) {
-  Window w("taps", 3, Bundled());
+  Window w(3, Bundled());
   w.window->action(kCmdSkyView)->trigger();
   QTest::mouseClick(&w.window->frame(), Qt::LeftButton, {}, QPoint(100 * 3 + 1, 200 * 3 + 2));
   EXPECT_EQ(w.window->state().app.tapPoint, (Point{100, 200}));
@@ -137,24 +107,24 @@ TEST(Window, TapsThroughTheZoomAndKeys) {
 
 TEST(Window, CtrlQSavesTheLastFileAndExitWritesTheSelection) {
   {
-    Window w("ctrlq", 1, Bundled());
+    Window w(1, Bundled());
     w.window->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(w.window.get(), 2000));
     QTest::keyClick(w.window.get(), Qt::Key_Q, Qt::ControlModifier);
     EXPECT_FALSE(w.window->isVisible());
     EXPECT_EQ(w.store.values.count("Last_Open"), 1u);
-    EXPECT_FALSE(std::filesystem::exists(w.home.path / "Select.bol"));
+    EXPECT_FALSE(std::filesystem::exists(w.home / "Select.bol"));
   }
-  Window w("exit", 1, Bundled());
+  Window w(1, Bundled());
   w.window->action(kCmdExit)->trigger();
-  EXPECT_EQ(std::filesystem::file_size(w.home.path / "Select.bol"), 720u);
+  EXPECT_EQ(std::filesystem::file_size(w.home / "Select.bol"), 720u);
   EXPECT_FALSE(w.window->isVisible());
 }
 
 TEST(Window, SimulatedClockFromTheCommandLine) {
   ProgramOptions o = Bundled();
   o.clock = SimulationMode::X10;
-  Window w("clock", 1, o);
+  Window w(1, o);
   const double start = w.window->state().app.currentTime;
   for (int i = 0; i < 6; ++i) w.window->tick();
   EXPECT_NEAR((w.window->state().app.currentTime - start) * 86400.0, 60.0, 1e-4);

@@ -5,6 +5,7 @@
 # saves a screenshot of each. Skips (77) without Xvfb or xdotool.
 # usage: xvfb_smoke.sh NORVANE GRAB_WINDOW DATA-DIR OUT-DIR
 set -u
+. "$(dirname "$0")/../common/xvfb.sh"
 norvane=$1 grab=$2 data=$3 shots=$4
 command -v Xvfb >/dev/null && command -v xdotool >/dev/null || { echo "Xvfb or xdotool missing"; exit 77; }
 mkdir -p "$shots"
@@ -16,35 +17,19 @@ cleanup() {
   rm -rf "$work"
 }
 trap cleanup EXIT
-# Xvfb picks a free display number itself: other test runs may hold theirs.
-Xvfb -displayfd 3 -screen 0 800x800x24 -nolisten tcp 3>"$work/display" >/dev/null 2>&1 &
-xvfb_pid=$!
-for _ in $(seq 300); do [ -s "$work/display" ] && break; sleep 0.1; done  # a loaded machine starts Xvfb slowly
-display=":$(head -1 "$work/display")"
-export DISPLAY=$display QT_QPA_PLATFORM=xcb NORVANE_HOME=$work/home XDG_CONFIG_HOME=$work/config
-export XDG_DATA_HOME=$work/data XDG_RUNTIME_DIR=$work
-for _ in $(seq 50); do xdotool getmouselocation >/dev/null 2>&1 && break; sleep 0.1; done
+start_xvfb "$work"
+export NORVANE_HOME=$work/home XDG_CONFIG_HOME=$work/config XDG_DATA_HOME=$work/data XDG_RUNTIME_DIR=$work
 
 "$norvane" --tle "$data/visual_2017-04-14.txt" --time "2017-04-14 20:00:00" --clock x60 --zoom 1 \
   >"$work/out.log" 2>&1 &
 app_pid=$!
 failures=0 passes=0
 fail() { echo "FAIL $*"; failures=$((failures + 1)); }
-win=
-for _ in $(seq 100); do
-  win=$(xdotool search --onlyvisible --name '^Norvane$' 2>/dev/null | head -1)
-  [ -n "$win" ] && break
-  sleep 0.1
-done
+win=$(visible_window Norvane 100)
 [ -n "$win" ] || { fail "no window titled Norvane"; cat "$work/out.log"; echo "0 passed, 1 failed"; exit 1; }
 xdotool windowmove "$win" 0 0
 # The load's "Data of ... successfully read" box stays open beside the window.
-box=
-for _ in $(seq 30); do
-  box=$(xdotool search --onlyvisible --name '^Info$' 2>/dev/null | head -1)
-  [ -n "$box" ] && break
-  sleep 0.1
-done
+box=$(visible_window Info 30)
 if [ -n "$box" ]; then passes=$((passes + 1)); xdotool windowmove "$box" 400 0; else fail "no load message"; fi
 sleep 0.5
 
@@ -80,12 +65,8 @@ shot info_after
 # dialog_shot TITLE NAME: waits for the dialog, saves it, closes it with Escape
 # and checks that the window is back on the information page.
 dialog_shot() {
-  local d=
-  for _ in $(seq 30); do
-    d=$(xdotool search --onlyvisible --name "^$1\$" 2>/dev/null | head -1)
-    [ -n "$d" ] && break
-    sleep 0.1
-  done
+  local d
+  d=$(visible_window "$1" 30)
   if [ -z "$d" ]; then fail "no $1 dialog"; return; fi
   sleep 0.5
   if "$grab" "$d" "$shots/$2.png" && [ -s "$shots/$2.png" ]; then passes=$((passes + 1)); else fail "screenshot $2"; fi

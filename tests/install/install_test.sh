@@ -9,6 +9,7 @@
 set -u
 build=$(cd "$1" && pwd -P) source=$(cd "$2" && pwd -P) version=$3 grab=$4
 . "$source/tests/cli/check.sh"
+. "$source/tests/common/xvfb.sh"
 for tool in Xvfb xdotool strings lintian desktop-file-validate appstreamcli dpkg-deb cpack; do
   command -v "$tool" >/dev/null || { echo "$tool missing"; exit 77; }
 done
@@ -97,20 +98,10 @@ check complete_file 0 "$share/examples/visual_2017-04-14.txt" -- complete_words 
 
 # The window with an empty home: it seeds ~/.local/share/Norvane from the
 # installed data and draws its views from it.
-Xvfb -displayfd 3 -screen 0 800x800x24 -nolisten tcp 3>"$work/display" >/dev/null 2>&1 &
-xvfb_pid=$!
-for _ in $(seq 300); do [ -s "$work/display" ] && break; sleep 0.1; done  # a loaded machine starts Xvfb slowly
-DISPLAY=":$(head -1 "$work/display")"
-export DISPLAY QT_QPA_PLATFORM=xcb
-for _ in $(seq 50); do xdotool getmouselocation >/dev/null 2>&1 && break; sleep 0.1; done
+start_xvfb "$work"
 "${hidden[@]}" "$root/usr/bin/norvane" --tle "$example" --time "2017-04-14 21:00:00" --clock pause >"$work/out.log" 2>&1 &
 app_pid=$!
-win=
-for _ in $(seq 100); do
-  win=$(xdotool search --onlyvisible --name '^Norvane$' 2>/dev/null | head -1)
-  [ -n "$win" ] && break
-  sleep 0.1
-done
+win=$(visible_window Norvane 100)
 folder=$HOME/.local/share/Norvane
 if [ -z "$win" ]; then
   fail "no window titled Norvane: $(head -5 "$work/out.log")"

@@ -3,14 +3,11 @@
 // dies and comes back is picked up, and absent, silent or refusing daemons
 // never hold up the caller. Skipped when the daemons are not installed.
 #include <gtest/gtest.h>
-#include <netinet/in.h>
-#include <sys/socket.h>
 #include <unistd.h>
 
 #include <chrono>
 #include <cmath>
 #include <algorithm>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -22,12 +19,15 @@
 #include "radio/radio_link.h"
 #include "tests/analysis/analysis_fixtures.h"
 #include "tests/common/child_process.h"
+#include "tests/common/test_support.h"
+#include "tests/common/wait_for.h"
 
 namespace norvane {
 namespace {
 
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
+using testing::WaitFor;
 
 bool OnPath(const std::string& program) {
   const char* path = std::getenv("PATH");
@@ -41,16 +41,6 @@ bool OnPath(const std::string& program) {
   return false;
 }
 
-// Polls condition every 20 ms until it holds or the time is up.
-bool WaitUntil(const std::function<bool()>& condition, std::chrono::milliseconds limit) {
-  const auto end = Clock::now() + limit;
-  while (Clock::now() < end) {
-    if (condition()) return true;
-    std::this_thread::sleep_for(20ms);
-  }
-  return condition();
-}
-
 // A dummy daemon on a free port, and a query line to it from the test's side.
 class Daemon {
  public:
@@ -58,7 +48,7 @@ class Daemon {
   void start() {
     process_ = std::make_unique<testing::ChildProcess>(
         std::vector<std::string>{program_, "-m", "1", "-T", "127.0.0.1", "-t", std::to_string(port_)});
-    WaitUntil([this] { return connectable(); }, 5s);
+    WaitFor([this] { return connectable(); }, 5s);
   }
   void kill() { process_.reset(); }
   bool connectable() {
@@ -87,8 +77,12 @@ class RadioLinkTest : public ::testing::Test {
   void SetUp() override {
     if (!OnPath("rigctld") || !OnPath("rotctld")) GTEST_SKIP() << "rigctld/rotctld missing: run scripts/setup";
   }
-  static RadioLinkConfig fastConfig() {
+  // Short periods and time-outs; the radio on rigPort and the rotator on
+  // rotPort where these are given.
+  static RadioLinkConfig fastConfig(int rigPort = 0, int rotPort = 0) {
     RadioLinkConfig c;
+    if (rigPort != 0) c.rig = {true, "127.0.0.1", rigPort, 50};
+    if (rotPort != 0) c.rotator = {true, "127.0.0.1", rotPort, 50};
     c.rig.periodMs = 50;
     c.rotator.periodMs = 50;
     c.rigToleranceHz = 0;
@@ -104,9 +98,7 @@ TEST_F(RadioLinkTest, SimulatedPassReachesTheDummyRadioAndRotator) {
   Daemon rig("rigctld", testing::FreeLoopbackPort());
   Daemon rot("rotctld", testing::FreeLoopbackPort());
   ASSERT_TRUE(rig.connectable() && rot.connectable());
-  RadioLinkConfig config = fastConfig();
-  config.rig = {true, "127.0.0.1", rig.port(), 50};
-  config.rotator = {true, "127.0.0.1", rot.port(), 50};
+  RadioLinkConfig config = fastConfig(rig.port(), rot.port());
   RadioLink link(config);
   link.start();
 
@@ -136,7 +128,7 @@ TEST_F(RadioLinkTest, SimulatedPassReachesTheDummyRadioAndRotator) {
     std::this_thread::sleep_for(50ms);
     if (std::fmod(std::round((jd - tca) * 86400), 60.0) != 0) continue;
     ++checked;
-    EXPECT_TRUE(WaitUntil([&] {
+    EXPECT_TRUE(WaitFor([&] {
       const auto rx = rig.query("f", 1);
       const auto tx = rig.query("i", 1);
       return rx && tx && std::fabs((*rx)[0] - step.frequencies.rxHz) <= 1.0 &&
@@ -151,7 +143,7 @@ TEST_F(RadioLinkTest, SimulatedPassReachesTheDummyRadioAndRotator) {
   const ControlStep last = loop.step(tca + 4.0 / 1440);
   ASSERT_EQ(last.rotator.phase, RotatorPhase::Track);
   link.setRotator(last.rotator.position);
-  EXPECT_TRUE(WaitUntil([&] {
+  EXPECT_TRUE(WaitFor([&] {
     const auto at = rot.query("p", 2);
     return at && std::fabs((*at)[0] - last.rotator.position.azimuthDeg) <= config.rotToleranceDeg &&
            std::fabs((*at)[1] - last.rotator.position.elevationDeg) <= config.rotToleranceDeg;
@@ -169,19 +161,17 @@ TEST_F(RadioLinkTest, SimulatedPassReachesTheDummyRadioAndRotator) {
 
 TEST_F(RadioLinkTest, DaemonKilledMidPassIsPickedUpWhenItReturns) {
   Daemon rig("rigctld", testing::FreeLoopbackPort());
-  RadioLinkConfig config = fastConfig();
-  config.rig = {true, "127.0.0.1", rig.port(), 50};
-  RadioLink link(config);
+  RadioLink link(fastConfig(rig.port()));
   link.start();
   link.setFrequencies({145.8e6, 0});
-  ASSERT_TRUE(WaitUntil([&] { return link.status().rig.state == LinkState::Connected; }, 3s));
+  ASSERT_TRUE(WaitFor([&] { return link.status().rig.state == LinkState::Connected; }, 3s));
   rig.kill();
   link.setFrequencies({145.801e6, 0});
-  ASSERT_TRUE(WaitUntil([&] { return link.status().rig.state == LinkState::Error; }, 3s));
+  ASSERT_TRUE(WaitFor([&] { return link.status().rig.state == LinkState::Error; }, 3s));
   EXPECT_NE(LinkStateText(link.status().rig).find("rigctld"), std::string::npos);
   rig.start();
   link.setFrequencies({145.802e6, 0});
-  EXPECT_TRUE(WaitUntil([&] {
+  EXPECT_TRUE(WaitFor([&] {
     const auto rx = rig.query("f", 1);
     return link.status().rig.state == LinkState::Connected && rx && (*rx)[0] == 145.802e6;
   }, 5s));
@@ -189,9 +179,7 @@ TEST_F(RadioLinkTest, DaemonKilledMidPassIsPickedUpWhenItReturns) {
 
 TEST_F(RadioLinkTest, SplitAndModesFollowTheChannel) {
   Daemon rig("rigctld", testing::FreeLoopbackPort());
-  RadioLinkConfig config = fastConfig();
-  config.rig = {true, "127.0.0.1", rig.port(), 50};
-  RadioLink link(config);
+  RadioLink link(fastConfig(rig.port()));
   std::vector<std::string> sent;
   const auto sentSoFar = [&] {
     for (std::string& c : link.takeSentCommands()) sent.push_back(c);
@@ -204,13 +192,13 @@ TEST_F(RadioLinkTest, SplitAndModesFollowTheChannel) {
   link.setModes(ModesFor("USB", true));
   link.setFrequencies({435.85e6, 145.95e6});  // an inverting linear transponder
   link.start();
-  EXPECT_TRUE(WaitUntil([&] { return wasSent("X LSB 0"); }, 3s));
+  EXPECT_TRUE(WaitFor([&] { return wasSent("X LSB 0"); }, 3s));
   const auto tx = rig.query("i", 1);
   ASSERT_TRUE(tx.has_value());
   EXPECT_EQ((*tx)[0], 145.95e6);
   link.setModes(ModesFor("FM", false));
   link.setFrequencies({145.8e6, 0});  // receive only: split off again
-  EXPECT_TRUE(WaitUntil([&] { return wasSent("M FM 0"); }, 3s));
+  EXPECT_TRUE(WaitFor([&] { return wasSent("M FM 0"); }, 3s));
   for (const char* c : {"F 435850000", "S 1 VFOB", "I 145950000", "M USB 0", "F 145800000", "S 0 VFOA"}) {
     EXPECT_TRUE(wasSent(c)) << c;
   }
@@ -219,15 +207,13 @@ TEST_F(RadioLinkTest, SplitAndModesFollowTheChannel) {
 
 TEST_F(RadioLinkTest, RefusedCommandIsReportedAndTheNextOneGoesThrough) {
   Daemon rot("rotctld", testing::FreeLoopbackPort());
-  RadioLinkConfig config = fastConfig();
-  config.rotator = {true, "127.0.0.1", rot.port(), 50};
-  RadioLink link(config);
+  RadioLink link(fastConfig(0, rot.port()));
   link.start();
   link.setRotator({10, 100});  // beyond the dummy's 90 degrees
-  ASSERT_TRUE(WaitUntil([&] { return link.status().rotator.state == LinkState::Error; }, 3s));
+  ASSERT_TRUE(WaitFor([&] { return link.status().rotator.state == LinkState::Error; }, 3s));
   EXPECT_NE(link.status().rotator.error.find("RPRT -1"), std::string::npos) << link.status().rotator.error;
   link.setRotator({10, 10});
-  EXPECT_TRUE(WaitUntil([&] { return link.status().rotator.state == LinkState::Connected; }, 3s));
+  EXPECT_TRUE(WaitFor([&] { return link.status().rotator.state == LinkState::Connected; }, 3s));
 }
 
 // The caller's calls take microseconds and stop() returns promptly, whatever the daemon does.
@@ -252,24 +238,15 @@ void ExpectResponsive(RadioLink& link, const std::string& reason) {
 }
 
 TEST_F(RadioLinkTest, NothingListeningLeavesTheCallerResponsive) {
-  RadioLinkConfig config = fastConfig();
-  config.rig = {true, "127.0.0.1", testing::FreeLoopbackPort(), 50};
-  RadioLink link(config);
+  RadioLink link(fastConfig(testing::FreeLoopbackPort()));
   link.start();
   ExpectResponsive(link, "connection refused");
 }
 
 TEST_F(RadioLinkTest, ListenerThatNeverAnswersLeavesTheCallerResponsive) {
-  const int listener = ::socket(AF_INET, SOCK_STREAM, 0);
-  sockaddr_in address{};
-  address.sin_family = AF_INET;
-  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-  socklen_t size = sizeof address;
-  ASSERT_EQ(::bind(listener, reinterpret_cast<sockaddr*>(&address), size), 0);
-  ASSERT_EQ(::listen(listener, 4), 0);
-  ::getsockname(listener, reinterpret_cast<sockaddr*>(&address), &size);
-  RadioLinkConfig config = fastConfig();
-  config.rig = {true, "127.0.0.1", ntohs(address.sin_port), 50};
+  testing::SilentListener listener;
+  ASSERT_GT(listener.port, 0);
+  RadioLinkConfig config = fastConfig(listener.port);
   config.timeoutMs = 300;
   RadioLink link(config);
   link.start();
@@ -282,7 +259,6 @@ TEST_F(RadioLinkTest, ListenerThatNeverAnswersLeavesTheCallerResponsive) {
   const auto t0 = Clock::now();
   patient.stop();
   EXPECT_LT(Clock::now() - t0, 200ms);
-  ::close(listener);
 }
 
 }  // namespace

@@ -23,6 +23,13 @@ constexpr int kSortKeyRole = Qt::UserRole + 1;
 
 }  // namespace
 
+QDialogButtonBox* OkCancelButtons(QDialog* dialog) {
+  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, dialog);
+  QObject::connect(buttons, &QDialogButtonBox::accepted, dialog, &QDialog::accept);
+  QObject::connect(buttons, &QDialogButtonBox::rejected, dialog, &QDialog::reject);
+  return buttons;
+}
+
 void SortableRow::setSortKey(int column, double key) { setData(column, kSortKeyRole, key); }
 
 bool SortableRow::operator<(const QTreeWidgetItem& other) const {

@@ -1,5 +1,7 @@
 #pragma once
 #include "core/text/format.h"
+#include <QDialog>
+#include <QDialogButtonBox>
 #include <QString>
 #include <QStringList>
 #include <QTreeWidget>
@@ -27,6 +29,9 @@ W* Named(W* widget, const char* id) {
   widget->setObjectName(QString::fromLatin1(id));
   return widget;
 }
+
+// OK and Cancel for a dialog, wired to its accept() and reject().
+QDialogButtonBox* OkCancelButtons(QDialog* dialog);
 
 // A list row that sorts a column by its number where the row gives it one
 // (setSortKey), and by text without regard to case elsewhere.

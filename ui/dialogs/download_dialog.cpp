@@ -38,9 +38,7 @@ DownloadDialog::DownloadDialog(DownloadContext& context, DownloadTarget& target,
   connect(site, &QPushButton::clicked, this, [this] {
     if (openSite_) openSite_(homePage_);
   });
-  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-  connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  auto* buttons = OkCancelButtons(this);
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(categories_);
   layout->addWidget(fetch_);

@@ -58,9 +58,7 @@ GpsSettingsDialog::GpsSettingsDialog(const GpsDialogContext& context, QWidget* p
   connect(track_, &QCheckBox::clicked, this, [this](bool checked) { trackingClicked(checked); });
   connect(test, &QPushButton::clicked, this, [this] { testPort(); });
 
-  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-  connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  auto* buttons = OkCancelButtons(this);
   auto* form = new QFormLayout;
   auto* portRow = new QHBoxLayout;
   portRow->addWidget(port_);

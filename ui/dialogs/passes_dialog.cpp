@@ -99,9 +99,7 @@ PassesDialog::PassesDialog(const PassesContext& context, QWidget* parent) : QDia
     if (path) exportTo(*path);
   });
 
-  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-  connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  auto* buttons = OkCancelButtons(this);
 
   auto* elevation = new QHBoxLayout;
   elevation->addWidget(minElevation_);

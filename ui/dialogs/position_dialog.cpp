@@ -65,9 +65,7 @@ PositionDialog::PositionDialog(AppState& app, Settings& settings, SettingsStore&
   connect(places_, &QComboBox::activated, this, [this](int index) { placeChosen(index); });
   for (QLineEdit* edit : {lat_, lon_, alt_}) connect(edit, &QLineEdit::textChanged, this, [this] { showInertial(); });
 
-  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-  connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  auto* buttons = OkCancelButtons(this);
   auto* form = new QFormLayout;
   form->addRow(QStringLiteral("City"), places_);
   form->addRow(QStringLiteral("Lat. [deg N]"), lat_);

@@ -88,9 +88,7 @@ PredictionDialog::PredictionDialog(const PredictionContext& context, QWidget* pa
                       QStringLiteral("180")});
   connect(predictButton, &QPushButton::clicked, this, [this] { predict(); });
 
-  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-  connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  auto* buttons = OkCancelButtons(this);
   auto* start = new QHBoxLayout;
   start->addWidget(date_);
   start->addWidget(clock_);

@@ -2,7 +2,6 @@
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDialogButtonBox>
 #include <QDoubleSpinBox>
 #include <QFormLayout>
 #include <QGroupBox>
@@ -43,6 +42,26 @@ QComboBox* Choice(QWidget* parent, const char* id, const QStringList& items, int
   return box;
 }
 
+// The enable box, host, port and period of one daemon, named "<prefix>Enable",
+// "<prefix>Host" and so on, as the first rows of form; the tolerance is the caller's.
+RadioDialog::DaemonFields DaemonRows(QDialog* dialog, QFormLayout* form, const char* enableText,
+                                     const std::string& prefix, bool enabled, const std::string& host, int port,
+                                     int periodMs) {
+  RadioDialog::DaemonFields f{};
+  f.enable = Named(new QCheckBox(QString::fromLatin1(enableText), dialog), (prefix + "Enable").c_str());
+  f.enable->setChecked(enabled);
+  f.host = Named(new QLineEdit(QString::fromStdString(host), dialog), (prefix + "Host").c_str());
+  f.host->setMaxLength(static_cast<int>(kRadioHostBytes) - 1);
+  f.port = IntBox(dialog, (prefix + "Port").c_str(), 1, 65535, port, "");
+  f.period = IntBox(dialog, (prefix + "Period").c_str(), 100, 60000, periodMs, " ms");
+  f.period->setSingleStep(100);
+  form->addRow(f.enable);
+  form->addRow(QStringLiteral("Host"), f.host);
+  form->addRow(QStringLiteral("Port"), f.port);
+  form->addRow(QStringLiteral("Update every"), f.period);
+  return f;
+}
+
 }  // namespace
 
 RadioDialog::RadioDialog(Settings& settings, SettingsStore& store, QWidget* parent)
@@ -50,23 +69,17 @@ RadioDialog::RadioDialog(Settings& settings, SettingsStore& store, QWidget* pare
   setWindowTitle(QStringLiteral("Radio"));
   const RadioSettings& r = settings.radio;
 
-  rigEnable_ = Named(new QCheckBox(QStringLiteral("Tune the radio"), this), "radioRigEnable");
-  rigEnable_->setChecked(r.rigEnable == 1);
-  rigHost_ = Named(new QLineEdit(QString::fromStdString(r.rigHost), this), "radioRigHost");
-  rigHost_->setMaxLength(static_cast<int>(kRadioHostBytes) - 1);
-  rigPort_ = IntBox(this, "radioRigPort", 1, 65535, r.rigPort, "");
-  rigPeriod_ = IntBox(this, "radioRigPeriod", 100, 60000, r.rigPeriodMs, " ms");
-  rigPeriod_->setSingleStep(100);
-  rigTolerance_ = RealBox(this, "radioRigTolerance", 0, 100000, 0, r.rigToleranceHz, " Hz");
+  auto* rig = new QGroupBox(QStringLiteral("Radio (rigctld)"), this);
+  auto* rigForm = new QFormLayout(rig);
+  rig_ = DaemonRows(this, rigForm, "Tune the radio", "radioRig", r.rigEnable == 1, r.rigHost, r.rigPort, r.rigPeriodMs);
+  rig_.tolerance = RealBox(this, "radioRigTolerance", 0, 100000, 0, r.rigToleranceHz, " Hz");
+  rigForm->addRow(QStringLiteral("Tolerance"), rig_.tolerance);
 
-  rotEnable_ = Named(new QCheckBox(QStringLiteral("Turn the rotator"), this), "radioRotEnable");
-  rotEnable_->setChecked(r.rotEnable == 1);
-  rotHost_ = Named(new QLineEdit(QString::fromStdString(r.rotHost), this), "radioRotHost");
-  rotHost_->setMaxLength(static_cast<int>(kRadioHostBytes) - 1);
-  rotPort_ = IntBox(this, "radioRotPort", 1, 65535, r.rotPort, "");
-  rotPeriod_ = IntBox(this, "radioRotPeriod", 100, 60000, r.rotPeriodMs, " ms");
-  rotPeriod_->setSingleStep(100);
-  rotTolerance_ = RealBox(this, "radioRotTolerance", 0, 90, 1, r.rotToleranceDeg, "°");
+  auto* rot = new QGroupBox(QStringLiteral("Rotator (rotctld)"), this);
+  auto* rotForm = new QFormLayout(rot);
+  rot_ = DaemonRows(this, rotForm, "Turn the rotator", "radioRot", r.rotEnable == 1, r.rotHost, r.rotPort,
+                    r.rotPeriodMs);
+  rot_.tolerance = RealBox(this, "radioRotTolerance", 0, 90, 1, r.rotToleranceDeg, "°");
   azRange_ = Choice(this, "radioAzRange", {"0° to 360°", "-180° to 180°", "0° to 450° (overlap)"}, r.rotAzRange);
   elRange_ = Choice(this, "radioElRange", {"0° to 90°", "0° to 180°"}, r.rotElRange);
   flip_ = Named(new QCheckBox(QStringLiteral("Flip passes (0-180° only)"), this), "radioFlip");
@@ -74,22 +87,7 @@ RadioDialog::RadioDialog(Settings& settings, SettingsStore& store, QWidget* pare
   minElevation_ = RealBox(this, "radioMinEl", 0, 90, 1, r.rotMinElevation, "°");
   parkAz_ = RealBox(this, "radioParkAz", -180, 450, 1, r.rotParkAz, "°");
   parkEl_ = RealBox(this, "radioParkEl", 0, 180, 1, r.rotParkEl, "°");
-
-  auto* rig = new QGroupBox(QStringLiteral("Radio (rigctld)"), this);
-  auto* rigForm = new QFormLayout(rig);
-  rigForm->addRow(rigEnable_);
-  rigForm->addRow(QStringLiteral("Host"), rigHost_);
-  rigForm->addRow(QStringLiteral("Port"), rigPort_);
-  rigForm->addRow(QStringLiteral("Update every"), rigPeriod_);
-  rigForm->addRow(QStringLiteral("Tolerance"), rigTolerance_);
-
-  auto* rot = new QGroupBox(QStringLiteral("Rotator (rotctld)"), this);
-  auto* rotForm = new QFormLayout(rot);
-  rotForm->addRow(rotEnable_);
-  rotForm->addRow(QStringLiteral("Host"), rotHost_);
-  rotForm->addRow(QStringLiteral("Port"), rotPort_);
-  rotForm->addRow(QStringLiteral("Update every"), rotPeriod_);
-  rotForm->addRow(QStringLiteral("Tolerance"), rotTolerance_);
+  rotForm->addRow(QStringLiteral("Tolerance"), rot_.tolerance);
   rotForm->addRow(QStringLiteral("Azimuth"), azRange_);
   rotForm->addRow(QStringLiteral("Elevation"), elRange_);
   rotForm->addRow(flip_);
@@ -99,14 +97,11 @@ RadioDialog::RadioDialog(Settings& settings, SettingsStore& store, QWidget* pare
 
   auto* note = new QLabel(QStringLiteral("Frequencies per satellite: Frequencies.txt in the program folder"), this);
   note->setWordWrap(true);
-  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-  connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(rig);
   layout->addWidget(rot);
   layout->addWidget(note);
-  layout->addWidget(buttons);
+  layout->addWidget(OkCancelButtons(this));
 }
 
 void RadioDialog::accept() {
@@ -115,16 +110,16 @@ void RadioDialog::accept() {
     const std::string text = edit->text().trimmed().toStdString();
     return text.empty() ? std::string("127.0.0.1") : text.substr(0, kRadioHostBytes - 1);
   };
-  r.rigEnable = rigEnable_->isChecked() ? 1 : 0;
-  r.rigHost = host(rigHost_);
-  r.rigPort = rigPort_->value();
-  r.rigPeriodMs = rigPeriod_->value();
-  r.rigToleranceHz = rigTolerance_->value();
-  r.rotEnable = rotEnable_->isChecked() ? 1 : 0;
-  r.rotHost = host(rotHost_);
-  r.rotPort = rotPort_->value();
-  r.rotPeriodMs = rotPeriod_->value();
-  r.rotToleranceDeg = rotTolerance_->value();
+  r.rigEnable = rig_.enable->isChecked() ? 1 : 0;
+  r.rigHost = host(rig_.host);
+  r.rigPort = rig_.port->value();
+  r.rigPeriodMs = rig_.period->value();
+  r.rigToleranceHz = rig_.tolerance->value();
+  r.rotEnable = rot_.enable->isChecked() ? 1 : 0;
+  r.rotHost = host(rot_.host);
+  r.rotPort = rot_.port->value();
+  r.rotPeriodMs = rot_.period->value();
+  r.rotToleranceDeg = rot_.tolerance->value();
   r.rotAzRange = azRange_->currentIndex();
   r.rotElRange = elRange_->currentIndex();
   r.rotFlip = flip_->isChecked() ? 1 : 0;

@@ -21,19 +21,20 @@ class RadioDialog : public QDialog {
   RadioDialog(Settings& settings, SettingsStore& store, QWidget* parent = nullptr);
   void accept() override;
 
+  // What the radio and the rotator each have: on or off, where the daemon
+  // listens, how often it is told and what change is worth telling.
+  struct DaemonFields {
+    QCheckBox* enable;
+    QLineEdit* host;
+    QSpinBox* port;
+    QSpinBox* period;
+    QDoubleSpinBox* tolerance;
+  };
  private:
   Settings& settings_;
   SettingsStore& store_;
-  QCheckBox* rigEnable_;
-  QLineEdit* rigHost_;
-  QSpinBox* rigPort_;
-  QSpinBox* rigPeriod_;
-  QDoubleSpinBox* rigTolerance_;
-  QCheckBox* rotEnable_;
-  QLineEdit* rotHost_;
-  QSpinBox* rotPort_;
-  QSpinBox* rotPeriod_;
-  QDoubleSpinBox* rotTolerance_;
+  DaemonFields rig_;
+  DaemonFields rot_;
   QComboBox* azRange_;
   QComboBox* elRange_;
   QCheckBox* flip_;

@@ -35,9 +35,7 @@ SatSelectionDialog::SatSelectionDialog(Catalogue& catalogue, AppState& app, QWid
                           QStringLiteral("Epoch"), QStringLiteral("In file #")});
   list_->setMinimumHeight(240);
 
-  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-  connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  auto* buttons = OkCancelButtons(this);
   connect(toggle, &QPushButton::clicked, this, [this] { toggleAll(); });
 
   auto* top = new QHBoxLayout;

@@ -90,9 +90,7 @@ SettingsDialog::SettingsDialog(Settings& settings, SettingsStore& store, std::ui
   predictLayout->addRow(QStringLiteral("Minimum Mag. to predict (0 -20)"), limit_);
   predictLayout->addRow(visible_);
 
-  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-  connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  auto* buttons = OkCancelButtons(this);
   auto* layout = new QVBoxLayout(this);
   layout->addLayout(radio);
   layout->addWidget(sky);

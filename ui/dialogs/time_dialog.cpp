@@ -66,9 +66,7 @@ TimeDialog::TimeDialog(AppState& app, const TimeDialogContext& context, QWidget*
 
   connect(calc, &QPushButton::clicked, this, [this] { calculate(); });
   connect(gpsTime, &QPushButton::clicked, this, [this] { setGpsTime(); });
-  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-  connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  auto* buttons = OkCancelButtons(this);
 
   auto* form = new QFormLayout;
   form->addRow(QStringLiteral("Date"), date_);
