@@ -106,7 +106,8 @@ std::optional<UnixSeconds> parseHttpDate(std::string_view text) {
       *minute > 59 || *second > 60) {
     return std::nullopt;
   }
-  return daysSinceEpoch(*year, month, *day) * kSecondsPerDay + *hour * 3600 + *minute * 60 + *second;
+  return daysSinceEpoch(*year, month, *day) * kSecondsPerDay + UnixSeconds{*hour} * 3600 + UnixSeconds{*minute} * 60 +
+         *second;
 }
 
 std::optional<UnixSeconds> retryAfterTime(std::string_view header, UnixSeconds now) {

@@ -54,14 +54,13 @@ std::optional<std::string> Unescaped(std::string_view text) {
   std::size_t i = 0;
   while (i < text.size()) {
     const char c = text[i++];
+    const bool list = c == ',' && !quoted;
+    const bool cutOff = c == '\\' && i == text.size();
+    if (list || cutOff) return std::nullopt;
     if (c == '"') {
       quoted = !quoted;
-    } else if (c == ',' && !quoted) {
-      return std::nullopt;
     } else if (c != '\\') {
       out.push_back(c);
-    } else if (i == text.size()) {
-      return std::nullopt;
     } else if (text[i] == 'x') {
       ++i;
       out.push_back(EscapedNumber(text, i, 16));
@@ -129,7 +128,7 @@ StoredValues ParseSettingsIni(std::string_view text) {
     const std::size_t equals = line.find('=');
     if (equals == std::string_view::npos) continue;
     std::string key = std::string(Trimmed(line.substr(0, equals)));
-    if (!section.empty() && section != "General") key = section + "/" + key;
+    if (!section.empty() && section != "General") key.insert(0, section + "/");
     for (char& c : key) {
       if (c == '\\') c = '/';
     }

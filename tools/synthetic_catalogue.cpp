@@ -85,7 +85,7 @@ std::vector<Satellite> syntheticCatalogue(std::span<const Satellite> templates, 
     s.elset = 999;
     s.revnum = 0;
     char name[kSatelliteNameSize];
-    std::snprintf(name, sizeof name, "%.17s %05d", pool.empty() ? "" : s.name.data(), static_cast<int>(i % 100000));
+    std::snprintf(name, sizeof name, "%.17s %05d", s.name.data(), static_cast<int>(i % 100000));
     s.name.fill(0);
     std::copy(name, name + std::min<std::size_t>(std::char_traits<char>::length(name), kSatelliteNameSize - 1),
               s.name.begin());

@@ -103,6 +103,8 @@ double PlannerSearch::stepAfter(const SkySample& s) const {
   return std::clamp(std::max(safeSpan(s), shortest), finest_, longest);
 }
 
+// Coroutine parameters are copied into the frame: references could dangle across a suspension.
+// cppcheck-suppress passedByValue
 SearchTask<SkySample> PlannerSearch::crossing(SkySample before, SkySample after) {
   // Regula falsi with the Illinois weighting, on elevation - minimum; the
   // sample nearest the crossing is returned with the crossing's time.
@@ -175,7 +177,11 @@ SearchTask<SkySample> PlannerSearch::highest(MinimumSearch search, double origin
   co_return best;
 }
 
+// Parameters by value as in crossing(); the coroutine ends without co_return, which cppcheck
+// takes for a missing return.
+// cppcheck-suppress passedByValue
 SearchTask<void> PlannerSearch::closePass(SkySample los, SkySample rightEdge) {
+  // cppcheck-suppress missingReturn
   if (topOpen_) topRight_ = rightEdge;
   const SkySample left = topLeft_.jd < aos_.jd ? aos_ : topLeft_;
   const SkySample right = topRight_.jd > los.jd ? los : topRight_;

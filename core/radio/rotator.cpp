@@ -111,7 +111,9 @@ AzEl RotatorPosition(AzEl look, bool flip, const RotatorConfig& config, double n
   const double high = AzimuthHigh(config.azimuthRange);
   // Candidates a whole number of turns apart; take the one inside the travel nearest to nearAzimuthDeg.
   double best = std::numeric_limits<double>::quiet_NaN();
-  for (double a = Wrap360(p.azimuthDeg) - 360.0; a <= high + 1e-9; a += 360.0) {
+  const double first = Wrap360(p.azimuthDeg) - 360.0;
+  for (int turn = 0; first + 360.0 * turn <= high + 1e-9; ++turn) {
+    const double a = first + 360.0 * turn;
     if (a < low - 1e-9) continue;
     if (std::isnan(best) || std::fabs(a - nearAzimuthDeg) < std::fabs(best - nearAzimuthDeg)) best = a;
   }

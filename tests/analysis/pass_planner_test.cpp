@@ -106,7 +106,8 @@ class Reference {
       p.maxElevation = fine[top].second;
       // A pass through the zenith peaks sharply: 0.05 s steps around the top.
       if (fine[top].second > 80 * kDegree) {
-        for (double dt = -1; dt <= 1; dt += 0.05) {
+        for (int step = -20; step <= 20; ++step) {
+          const double dt = step * 0.05;
           const double e = elevation(fine[top].first + dt * kSecond);
           if (e > p.maxElevation) {
             p.maxElevation = e;
@@ -247,7 +248,8 @@ TEST(PassPlanner, GrazingPassesAroundTheMinimumElevation) {
       }
     }
     // A culmination a thousandth of a degree up, however the steps fall around it.
-    for (double lead = 0.0101; lead < 0.06; lead += 0.00237) {
+    for (int step = 0; 0.0101 + step * 0.00237 < 0.06; ++step) {
+      const double lead = 0.0101 + step * 0.00237;
       PlannerOptions options;
       options.minElevationDeg = pass.tcaElevation - 0.001;
       const auto found = planPasses(iss, 0, observer, pass.aos - lead, pass.los + 0.01, options);
@@ -294,7 +296,8 @@ TEST(PassPlanner, VisiblePartAndMagnitude) {
   for (const PlannedPass& pass : planPasses(iss, 0, observer, test::kVisualEpoch, test::kVisualEpoch + 3, {})) {
     double first = 0, last = 0, brightest = 100;
     bool inFirst = false, done = false;
-    for (double t = pass.aos; t <= pass.los; t += kSecond) {
+    for (int second = 0; pass.aos + second * kSecond <= pass.los; ++second) {
+      const double t = pass.aos + second * kSecond;
       const SkySample s = reference.sample(t);
       StateVector sun;
       double depth = 0;

@@ -42,7 +42,9 @@ class DownloadLifeTest : public testing::DialogTest {
   // Presses Download on a dialog fetching from the trickling server; act runs
   // 400 ms later, while the body is still arriving.
   void downloadAndMeanwhile(DownloadDialog& dialog, const std::function<void()>& act) {
-    QTimer::singleShot(400, &dialog, act);
+    meanwhile.setSingleShot(true);
+    QObject::connect(&meanwhile, &QTimer::timeout, &dialog, act);
+    meanwhile.start(400);
     const auto started = Clock::now();
     control<QPushButton>(dialog, "button1058")->click();
     took = Clock::now() - started;
@@ -51,7 +53,10 @@ class DownloadLifeTest : public testing::DialogTest {
   // Lets the event loop run past the time the whole body would have taken.
   static void waitPastTheBody() {
     QEventLoop loop;
-    QTimer::singleShot(2800, &loop, &QEventLoop::quit);
+    QTimer later;
+    later.setSingleShot(true);
+    QObject::connect(&later, &QTimer::timeout, &loop, &QEventLoop::quit);
+    later.start(2800);
     loop.exec();
   }
 
@@ -76,6 +81,7 @@ class DownloadLifeTest : public testing::DialogTest {
   std::int32_t mark = 0;
   DownloadTarget target{*catalogue, settings, mark};
   Clock::duration took{};
+  QTimer meanwhile;  // runs the act of downloadAndMeanwhile
 };
 
 testing::ElementServer DownloadLifeTest::server;
@@ -115,7 +121,10 @@ TEST_F(DownloadLifeTest, QuittingTheProgramNeverSavesThePartialBody) {
   downloadAndMeanwhile(dialog, [] { QCoreApplication::exit(0); });
   expectNothingHappened(dialog);
   // Let later tests of this process run event loops again.
-  QTimer::singleShot(0, [] { QCoreApplication::exit(0); });
+  QTimer leave;
+  leave.setSingleShot(true);
+  QObject::connect(&leave, &QTimer::timeout, [] { QCoreApplication::exit(0); });
+  leave.start(0);
   QCoreApplication::exec();
 }
 

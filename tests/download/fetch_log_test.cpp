@@ -21,7 +21,7 @@ TEST(HttpTime, DatesRetryAfterAndTheirText) {
   }
   EXPECT_EQ(retryAfterTime("120", kNoon), kNoon + 120);
   EXPECT_EQ(retryAfterTime("Mon, 23 Nov 2026 13:00:00 GMT", kNoon), kNoon + 3600);
-  EXPECT_EQ(retryAfterTime("99999999999999999999999", kNoon), kNoon + 400 * 86400);  // no overflow
+  EXPECT_EQ(retryAfterTime("99999999999999999999999", kNoon), kNoon + UnixSeconds{400} * 86400);  // no overflow
   EXPECT_FALSE(retryAfterTime("", kNoon));
   EXPECT_FALSE(retryAfterTime("-5", kNoon));
   EXPECT_FALSE(retryAfterTime("soon", kNoon));

@@ -45,7 +45,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   norvane::DownloadContext context{http, sink, store, "http://127.0.0.1:9/?GROUP={group}", scratchFolder()};
   // Every run is past the last one's waits, so that each body is judged.
   static norvane::UnixSeconds now = 1795435200;
-  now += 400 * 86400;
+  now += norvane::UnixSeconds{400} * 86400;
   context.fetchLogPath = scratchFolder() + "/Downloads.json";
   context.now = [] { return now; };
   norvane::Settings settings;

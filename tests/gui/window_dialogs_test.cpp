@@ -329,8 +329,11 @@ TEST(WindowDialogs, CtrlQDuringADownloadAbandonsIt) {
   ASSERT_NE(server.port(), 0);
   Window w(server.base("trickle"));
   const int before = w.state().catalogue.satelliteCount;
+  QTimer quit;
+  quit.setSingleShot(true);
+  QObject::connect(&quit, &QTimer::timeout, w.window.get(), [&] { w.window->runCommand(kCmdClose); });  // what Ctrl+Q runs
   EXPECT_TRUE(w.dialog(kCmdGetLast, [&](QDialog& d) {
-    QTimer::singleShot(400, w.window.get(), [&] { w.window->runCommand(kCmdClose); });  // what Ctrl+Q runs
+    quit.start(400);
     Control<QPushButton>(d, "button1058")->click();
   }));
   EXPECT_FALSE(w.window->isVisible());

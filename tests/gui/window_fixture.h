@@ -23,7 +23,7 @@ inline QApplication& OffscreenApp() {
 }
 
 // The bundled element file at a UTC moment, with the clock mode given.
-inline ProgramOptions BundledAt(CalendarTime utc, std::optional<SimulationMode> clock = std::nullopt) {
+inline ProgramOptions BundledAt(const CalendarTime& utc, std::optional<SimulationMode> clock = std::nullopt) {
   ProgramOptions o;
   o.tle = BundledElements();
   o.time = utc;

@@ -215,7 +215,8 @@ TEST_F(RealPasses, ControlParksPrePositionsTracksAndParksAgain) {
   EXPECT_EQ(waiting.rotator.phase, RotatorPhase::PrePosition);
   EXPECT_NEAR(waiting.rotator.position.azimuthDeg, plan.start.azimuthDeg, 1e-9);
   double previous = plan.start.azimuthDeg;
-  for (double jd = plan.aosJd; jd <= plan.losJd; jd += 5.0 / 86400) {
+  for (int step = 0; plan.aosJd + step * (5.0 / 86400) <= plan.losJd; ++step) {
+    const double jd = plan.aosJd + step * (5.0 / 86400);
     const ControlStep s = control.step(jd);
     ASSERT_EQ(s.rotator.phase, RotatorPhase::Track);
     EXPECT_LT(std::fabs(s.rotator.position.azimuthDeg - previous), 5.0);

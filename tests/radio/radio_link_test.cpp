@@ -219,7 +219,7 @@ TEST_F(RadioLinkTest, RefusedCommandIsReportedAndTheNextOneGoesThrough) {
 // The caller's calls take microseconds and stop() returns promptly, whatever the daemon does.
 void ExpectResponsive(RadioLink& link, const std::string& reason) {
   auto slowest = Clock::duration::zero();
-  const auto until = Clock::now() + 1500ms;
+  const auto until = Clock::now() + std::chrono::milliseconds(1500);
   while (Clock::now() < until) {
     const auto t0 = Clock::now();
     link.setFrequencies({145.8e6, 435e6});

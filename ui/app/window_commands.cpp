@@ -50,7 +50,7 @@ bool IsDialogCommand(int command) {
     case kCmdGps:
     case kCmdAbout:
     case kCmdTime:
-    case kCmdPasses: return true;
+    case kCmdPasses:
     case kCmdRadio: return true;
     default: return false;
   }
